@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtConcurrentRun>
+
+#include <QCoroFuture>
+#include <QCoroTask>
+
+#include <type_traits>
+#include <utility>
+
+namespace tonearm {
+
+/// Runs a function that may block (files, decoding) on a pool thread; the caller is resumed on its own
+/// thread with the result or the exception. The function must own everything it touches.
+template <typename Function> auto inBackground(Function function) -> QCoro::Task<std::invoke_result_t<Function>>
+{
+    co_return co_await QtConcurrent::run(std::move(function));
+}
+
+} // namespace tonearm
