@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/settings/AppSettings.h"
+#include "encoding/AudioEncodingService.h"
+#include "encoding/ChapterExtractionService.h"
+#include "encoding/EncodingLog.h"
+#include "encoding/EncodingProgress.h"
+#include "support/TaskScope.h"
+#include "tools/CDParanoiaInstallation.h"
+#include "tools/ProcessRunner.h"
+#include "tools/ToolLocation.h"
+#include "workflow/AlertContent.h"
+#include "workflow/EncodingCompletion.h"
+#include "workflow/FFmpegStatus.h"
+#include "workflow/FileViewer.h"
+#include "workflow/Panels.h"
+#include "workflow/PendingClose.h"
+#include "workflow/PendingOverwrite.h"
+#include "workflow/PendingSourceChange.h"
+#include "workflow/WorkflowState.h"
+#include "workflow/records/AudioMetadata.h"
+#include "workflow/records/AudioStreamInfo.h"
+#include "workflow/records/ChapterInfo.h"
+
+#include <QCoroTask>
+
+#include <QList>
+#include <QObject>
+#include <QProperty>
+#include <QUrl>
+
+#include <chrono>
+#include <exception>
+#include <memory>
+#include <optional>
+
+namespace tonearm {
+
+struct EncodingJob;
+
+/// The main window's model: everything the window shows, the long-running tasks, and what may happen
+/// next. Main thread only.
+///
+/// Fields are observable, and setting an equal value tells nobody. Screens write the album fields,
+/// `outputFolderURL`, and set the waiting questions and the alert back to absent; all else changes
+/// through operations. Derived values read nothing but fields and settings, so that they can be bound.
+class AppModel
+{
+public:
+    using FFmpegStatus = tonearm::FFmpegStatus;
+
+    /// What the model works with. The references have to outlive it.
+    struct Services
+    {
+        ToolLocation tools;
+        ProcessRunner processRunner;
+        ChapterExtractionService chapterExtractor;
+        AudioEncodingService encoder;
+        Panels &panels;
+        FileViewer &fileViewer;
+        /// The application's version, for the logs.
+        QString appVersion;
+        /// How long a find of the audio tools is announced.
+        std::chrono::milliseconds announcementTime = std::chrono::seconds(5);
+    };
+
+    AppModel(AppSettings &settings, Services services);
+
+    /// Cancels what runs and waits for it with an event loop: not to be called inside an event handler.
+    ~AppModel();
+
+    AppModel(const AppModel &) = delete;
+    AppModel &operator=(const AppModel &) = delete;
+
+    // --- Fields ---------------------------------------------------------------------------------
+
+    QProperty<std::optional<QUrl>> inputFileURL;
+    QProperty<std::optional<QUrl>> outputFolderURL;
+    QProperty<QString> artist;
+    QProperty<QString> albumTitle;
+    QProperty<QString> albumYear;
+    QProperty<QString> genre;
+    QProperty<QString> discNumber;
+    QProperty<QString> discTotal;
+    /// The units of the job. The user edits `mappedTitle`, through setMappedTitle.
+    QProperty<QList<ChapterInfo>> chapters;
+    QProperty<std::optional<AudioStreamInfo>> sourceAudio;
+    QProperty<WorkflowState> currentState;
+    /// The last message of the workflow.
+    QProperty<QString> progressMessage;
+    /// From 0 to 1.
+    QProperty<double> encodingProgress;
+    /// The output of the last finished job.
+    QProperty<QList<QUrl>> encodedFiles;
+    QProperty<std::optional<QUrl>> lastLogURL;
+    /// Where the last finished job wrote.
+    QProperty<std::optional<QUrl>> lastOutputFolder;
+    /// Set when a job finishes.
+    QProperty<std::optional<EncodingCompletion>> completion;
+    QProperty<std::optional<AlertContent>> alert;
+    QProperty<std::optional<PendingSourceChange>> pendingSourceChange;
+    QProperty<std::optional<PendingOverwrite>> pendingOverwrite;
+    QProperty<std::optional<PendingClose>> pendingClose;
+    QProperty<FFmpegStatus> ffmpegStatus{FFmpegStatus(FFmpegChecking{})};
+    QProperty<bool> didJustFindFFmpeg;
+    QProperty<std::optional<CDParanoiaInstallation>> cdParanoiaInstallation;
+
+    // A handle that is present means that the task runs. encodingTask alone tells whether a job is
+    // under way.
+    QProperty<std::optional<TaskHandle>> encodingTask;
+    QProperty<std::optional<TaskHandle>> ffmpegCheckTask;
+    QProperty<std::optional<TaskHandle>> confirmationTask;
+    QProperty<std::optional<TaskHandle>> paranoiaCheckTask;
+
+    // --- Derived values -------------------------------------------------------------------------
+
+    bool hasSource() const;
+    /// The file's name.
+    std::optional<QString> sourceName() const;
+    bool isFFmpegInstalled() const;
+    bool canEncode() const;
+    /// The status line.
+    QString statusText() const;
+    /// Those without a title that counts.
+    QList<ChapterInfo> untitledChapters() const;
+    /// The album as the encoder would get it now.
+    AudioMetadata currentMetadata() const;
+    /// Where the files would go; nothing without an output folder.
+    std::optional<QUrl> destinationFolder() const;
+    /// The part of it beneath the output folder, if there is one.
+    std::optional<QString> destinationSubpath() const;
+    std::optional<QString> yearWarning() const;
+    bool canRevealOutput() const;
+    /// Whether the last job's log is still there. Looks at the file, so a binding doesn't notice when
+    /// it goes.
+    bool hasLogFile() const;
+    QString clearButtonTitle() const;
+    /// Whether the user has agreed to stop the job and close, and the job has ended.
+    bool isReadyToClose() const;
+
+    // --- Source ---------------------------------------------------------------------------------
+
+    void chooseInputFile();
+    void chooseOutputFolder();
+    /// Returns whether the drop was taken.
+    bool acceptDroppedFile(const QUrl &url);
+    /// The file is to become the source, after a question if that would discard work.
+    void requestFile(const QUrl &url);
+    void confirmPendingSourceChange();
+    /// Takes the file up at once.
+    void loadFile(const QUrl &url);
+    /// Empties the window for the next job.
+    void clearInputs();
+    /// `index` is the chapter's place in `chapters`.
+    void setMappedTitle(qsizetype index, const QString &title);
+    void resetToSourceTitles();
+
+    // --- Encoding -------------------------------------------------------------------------------
+
+    /// Starts the job, or asks first if it would overwrite files.
+    void startEncoding();
+    void confirmOverwrite();
+    void cancelEncoding();
+    /// Shows the log in the file viewer, or without one the output.
+    void revealLog();
+    void revealOutput();
+    /// The action of the button with clearButtonTitle.
+    void clearOrEject();
+
+    // --- Tools ----------------------------------------------------------------------------------
+
+    /// Starts a check unless ffmpeg is known or a check runs.
+    void checkFFmpeg();
+    void checkCDParanoia();
+
+    // --- Closing the window ---------------------------------------------------------------------
+
+    /// Whether the window may close at once. Otherwise a job runs, and the user is asked.
+    bool requestClose();
+    /// Stops the job; the window closes when isReadyToClose.
+    void confirmPendingClose();
+
+private:
+    QString messageOfState() const;
+    bool holdsUserWork() const;
+    QString workSummary() const;
+    void showInspection(const SourceInspection &inspection);
+    void showInspectionFailure(const std::exception_ptr &error);
+
+    QCoro::Task<> inspectSource(QUrl url, std::stop_token stop);
+    QCoro::Task<> checkForOverwrites(QUrl destination, std::stop_token stop);
+    bool canStartIn(const QUrl &folder) const;
+    void beginJob();
+
+    EncodingLog newLog(const QUrl &destination, const AudioMetadata &metadata) const;
+    QCoro::Task<> runFileJob(std::shared_ptr<EncodingJob> job, std::stop_token stop);
+    QCoro::Task<> encodeChapters(std::shared_ptr<EncodingJob> job, std::stop_token stop);
+    QCoro::Task<> writeLog(std::shared_ptr<EncodingJob> job, std::exception_ptr error, bool wasCancelled);
+    void publish(const EncodingProgress &progress);
+    void completeJob(const EncodingJob &job);
+    void showCancelledJob();
+    void showFailedJob(const std::exception_ptr &error);
+
+    QCoro::Task<> detectFFmpeg(std::stop_token stop);
+    void announceFind();
+
+    AppSettings &m_settings;
+    Services m_services;
+    // Receives what other threads post to the model.
+    QObject m_context;
+    QProperty<bool> m_isClosing;
+    // Last, so that the tasks end while all else is still there.
+    TaskScope m_tasks;
+};
+
+} // namespace tonearm

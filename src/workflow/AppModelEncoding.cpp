@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How a job starts: the question about files that it would overwrite, and its log's beginning.
+#include "workflow/AppModel.h"
+
+#include "support/Background.h"
+#include "support/Cancellation.h"
+#include "workflow/EncodingJob.h"
+
+#include <QDateTime>
+
+#include <utility>
+
+namespace tonearm {
+
+namespace {
+
+QStringList namesOf(const QList<QUrl> &files)
+{
+    QStringList names;
+    for (const QUrl &file : files)
+        names.append(file.fileName());
+    return names;
+}
+
+// One entry for each chapter; a job fills in what becomes of it.
+QList<EncodingLog::Entry> entriesFor(const QList<ChapterInfo> &chapters)
+{
+    QList<EncodingLog::Entry> entries;
+    for (const ChapterInfo &chapter : chapters) {
+        EncodingLog::Entry entry;
+        entry.number = entries.size() + 1;
+        entry.title = chapter.mappedTitle;
+        entry.startSeconds = chapter.startSeconds;
+        entry.endSeconds = chapter.endSeconds;
+        entries.append(entry);
+    }
+    return entries;
+}
+
+} // namespace
+
+void AppModel::startEncoding()
+{
+    const std::optional<QUrl> destination = destinationFolder();
+    if (!canEncode() || !destination)
+        return;
+    m_tasks.start([this, folder = *destination](std::stop_token stop) { return checkForOverwrites(folder, stop); });
+}
+
+// The look at the folder may take its time on a disk across the network, so the user can act meanwhile:
+// what was true before is asked again after.
+QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token stop)
+{
+    const QList<QUrl> existing = co_await inBackground(
+        [encoder = m_services.encoder, units = chapters.value(), destination] {
+            return encoder.existingOutputs(units, destination);
+        });
+    throwIfCancelled(stop);
+    if (!canStartIn(destination))
+        co_return;
+    if (existing.isEmpty()) {
+        beginJob();
+        co_return;
+    }
+    PendingOverwrite question;
+    question.folder = destination;
+    question.filenames = namesOf(existing);
+    pendingOverwrite = question;
+}
+
+void AppModel::confirmOverwrite()
+{
+    const std::optional<PendingOverwrite> question = pendingOverwrite.value();
+    if (!question)
+        return;
+    pendingOverwrite = std::nullopt;
+    if (canStartIn(question->folder))
+        beginJob();
+}
+
+bool AppModel::canStartIn(const QUrl &folder) const
+{
+    const std::optional<QUrl> destination = destinationFolder();
+    return canEncode() && destination && destination->path() == folder.path();
+}
+
+void AppModel::beginJob()
+{
+    const auto job = std::make_shared<EncodingJob>();
+    job->source = *inputFileURL.value();
+    job->chapters = chapters.value();
+    job->metadata = currentMetadata();
+    job->destination = *destinationFolder();
+    job->log = newLog(job->destination, job->metadata);
+    job->log.entries = entriesFor(job->chapters);
+
+    currentState = WorkflowState::Kind::encoding;
+    encodingProgress = 0;
+    encodedFiles = QList<QUrl>();
+    progressMessage = QStringLiteral("Starting…");
+    encodingTask = m_tasks.start([this, job](std::stop_token stop) { return runFileJob(job, stop); });
+}
+
+EncodingLog AppModel::newLog(const QUrl &destination, const AudioMetadata &metadata) const
+{
+    EncodingLog log;
+    log.appVersion = m_services.appVersion;
+    log.startedAt = QDateTime::currentDateTime();
+    log.source = EncodingLog::FileSource{*inputFileURL.value()};
+    log.outputFolder = outputFolderURL.value();
+    log.destinationFolder = destination;
+    log.artist = metadata.artist;
+    log.album = metadata.album;
+    log.year = metadata.year;
+    log.genre = metadata.genre;
+    log.discNumber = metadata.discNumber;
+    log.discTotal = metadata.discTotal;
+    const FFmpegStatus status = ffmpegStatus.value();
+    if (const auto *installation = std::get_if<FFmpegInstallation>(&status))
+        log.ffmpegVersion = installation->versionSummary;
+    log.sourceAudio = sourceAudio.value();
+    log.verificationEnabled = m_settings.verifyRipsByRereading();
+    return log;
+}
+
+void AppModel::cancelEncoding()
+{
+    if (const std::optional<TaskHandle> task = encodingTask.value())
+        task->cancel();
+}
+
+} // namespace tonearm

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A job on a file from its first chapter to its end: finished, cancelled or failed.
+#include "workflow/AppModel.h"
+
+#include "support/Background.h"
+#include "support/Cancellation.h"
+#include "workflow/EncodingJob.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QMetaObject>
+
+#include <chrono>
+#include <utility>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TrackEncoding trackOf(const EncodingJob &job, qsizetype index, const QString &filename)
+{
+    TrackEncoding track;
+    track.chapter = job.chapters[index];
+    track.source = job.source;
+    track.output = QUrl::fromLocalFile(job.destination.toLocalFile() + u'/' + filename);
+    track.metadata = job.metadata;
+    track.number = index + 1;
+    track.total = job.chapters.size();
+    return track;
+}
+
+QString lastComponent(const QUrl &folder)
+{
+    return folder.adjusted(QUrl::StripTrailingSlash).fileName();
+}
+
+} // namespace
+
+// The task's handle goes last, after the log is written: until then the model counts as busy.
+QCoro::Task<> AppModel::runFileJob(std::shared_ptr<EncodingJob> job, std::stop_token stop)
+{
+    std::exception_ptr failure;
+    bool wasCancelled = false;
+    try {
+        co_await encodeChapters(job, stop);
+    } catch (const CancellationError &) {
+        wasCancelled = true;
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    co_await writeLog(job, failure, wasCancelled);
+    if (wasCancelled)
+        showCancelledJob();
+    else if (failure)
+        showFailedJob(failure);
+    else
+        completeJob(*job);
+    encodingTask = std::nullopt;
+}
+
+QCoro::Task<> AppModel::encodeChapters(std::shared_ptr<EncodingJob> job, std::stop_token stop)
+{
+    using Clock = std::chrono::steady_clock;
+    const AudioEncodingService encoder = m_services.encoder;
+    co_await inBackground([encoder, job = *job] {
+        encoder.validate(job.chapters, job.metadata);
+        encoder.prepareOutputDirectory(job.destination);
+    });
+
+    const qsizetype count = job->chapters.size();
+    for (qsizetype index = 0; index < count; ++index) {
+        throwIfCancelled(stop);
+        const QString title = job->chapters[index].mappedTitle;
+        publish(EncodingProgress::within(index, count, title, 0));
+
+        const Clock::time_point start = Clock::now();
+        const TrackEncoding track = trackOf(*job, index, encoder.outputFilename(title, index + 1));
+        const auto report = [this, index, count, title](double fraction) {
+            const EncodingProgress progress = EncodingProgress::within(index, count, title, fraction);
+            QMetaObject::invokeMethod(&m_context, [this, progress] { publish(progress); }, Qt::QueuedConnection);
+        };
+        co_await encoder.encode(track, report, stop);
+
+        EncodingLog::Entry &entry = job->log.entries[index];
+        entry.encodeDuration = Clock::now() - start;
+        entry.outputFilename = track.output.fileName();
+        job->outputs.append(track.output);
+    }
+    publish(EncodingProgress::within(count - 1, count, job->chapters.last().mappedTitle, 1));
+}
+
+void AppModel::publish(const EncodingProgress &progress)
+{
+    // What arrives after the job's end is dropped.
+    if (!encodingTask.value())
+        return;
+    progressMessage = u"Encoding %1 of %2: %3"_s.arg(QString::number(progress.trackNumber),
+                                                     QString::number(progress.totalTracks), progress.title);
+    encodingProgress = progress.overallFraction;
+}
+
+QCoro::Task<> AppModel::writeLog(std::shared_ptr<EncodingJob> job, std::exception_ptr error, bool wasCancelled)
+{
+    EncodingLog log = job->log;
+    log.finishedAt = QDateTime::currentDateTime();
+    log.wasCancelled = wasCancelled;
+    if (error)
+        log.failure = describe(error).joined(u" "_s);
+    try {
+        lastLogURL = co_await inBackground([log] { return write(log, logDirectory(log)); });
+    } catch (...) {
+        // A job that went well isn't spoilt by a log that didn't.
+        lastLogURL = std::nullopt;
+    }
+}
+
+void AppModel::completeJob(const EncodingJob &job)
+{
+    encodedFiles = job.outputs;
+    lastOutputFolder = job.destination;
+    encodingProgress = 1;
+    const QString tracks = job.outputs.size() == 1 ? u"1 track"_s : u"%1 tracks"_s.arg(job.outputs.size());
+    progressMessage = u"Encoded %1 to %2."_s.arg(tracks, lastComponent(job.destination));
+    currentState = WorkflowState::Kind::complete;
+    EncodingCompletion finished;
+    finished.fileCount = job.outputs.size();
+    completion = finished;
+}
+
+void AppModel::showCancelledJob()
+{
+    currentState = WorkflowState::Kind::idle;
+    progressMessage = u"Encoding cancelled."_s;
+    encodingProgress = 0;
+}
+
+void AppModel::showFailedJob(const std::exception_ptr &error)
+{
+    currentState = WorkflowState::error(describe(error).description);
+    progressMessage = u"Encoding failed."_s;
+    alert = AlertContent(u"Encoding Failed"_s, error);
+}
+
+} // namespace tonearm

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the user can do with a job's results.
+#include "workflow/AppModel.h"
+
+#include "support/Background.h"
+#include "support/Cancellation.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isThere(const QUrl &url)
+{
+    return QFileInfo::exists(url.toLocalFile());
+}
+
+// The first that is there, or else the last.
+QUrl firstOnDisk(const QList<QUrl> &candidates)
+{
+    const auto found = std::find_if(candidates.begin(), candidates.end(), isThere);
+    return found == candidates.end() ? candidates.last() : *found;
+}
+
+} // namespace
+
+bool AppModel::canRevealOutput() const
+{
+    return completion.value() || !encodedFiles.value().isEmpty();
+}
+
+bool AppModel::hasLogFile() const
+{
+    const std::optional<QUrl> log = lastLogURL.value();
+    return log && isThere(*log);
+}
+
+void AppModel::revealLog()
+{
+    if (hasLogFile())
+        m_services.fileViewer.select({*lastLogURL.value()});
+    else
+        revealOutput();
+}
+
+void AppModel::revealOutput()
+{
+    if (!encodedFiles.value().isEmpty()) {
+        m_services.fileViewer.select(encodedFiles.value());
+        return;
+    }
+    QList<QUrl> candidates;
+    for (const std::optional<QUrl> &folder : {lastOutputFolder.value(), destinationFolder(), outputFolderURL.value()}) {
+        if (folder)
+            candidates.append(*folder);
+    }
+    if (candidates.isEmpty())
+        return;
+    m_tasks.start([this, candidates](std::stop_token stop) -> QCoro::Task<> {
+        const QUrl folder = co_await inBackground([candidates] { return firstOnDisk(candidates); });
+        throwIfCancelled(stop);
+        m_services.fileViewer.select({folder});
+    });
+}
+
+QString AppModel::clearButtonTitle() const
+{
+    return u"Clear"_s;
+}
+
+void AppModel::clearOrEject()
+{
+    clearInputs();
+    completion = std::nullopt;
+}
+
+} // namespace tonearm

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How a source comes in and goes away.
+#include "workflow/AppModel.h"
+
+#include "support/Cancellation.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <utility>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto matroskaExtension = "mkv"_L1;
+
+bool isEdited(const ChapterInfo &chapter)
+{
+    return chapter.mappedTitle != chapter.originalTitle;
+}
+
+QString foundMessage(qsizetype count)
+{
+    return count == 1 ? u"Found 1 chapter."_s : u"Found %1 chapters."_s.arg(count);
+}
+
+} // namespace
+
+void AppModel::chooseInputFile()
+{
+    m_tasks.start([this](std::stop_token stop) -> QCoro::Task<> {
+        OpenPanelRequest request;
+        request.title = u"Select Input File"_s;
+        request.prompt = u"Choose"_s;
+        request.extension = matroskaExtension;
+        const std::optional<QUrl> chosen = co_await m_services.panels.choose(request, stop);
+        if (chosen)
+            requestFile(*chosen);
+    });
+}
+
+void AppModel::chooseOutputFolder()
+{
+    m_tasks.start([this](std::stop_token stop) -> QCoro::Task<> {
+        OpenPanelRequest request;
+        request.title = u"Select Output Folder"_s;
+        request.prompt = u"Choose"_s;
+        request.target = OpenPanelRequest::Target::folder;
+        const std::optional<QUrl> chosen = co_await m_services.panels.choose(request, stop);
+        if (chosen)
+            outputFolderURL = chosen;
+    });
+}
+
+bool AppModel::acceptDroppedFile(const QUrl &url)
+{
+    if (QFileInfo(url.fileName()).suffix().toLower() == matroskaExtension) {
+        requestFile(url);
+        return true;
+    }
+    alert = AlertContent(u"Unsupported File"_s, u"\"%1\" isn't a Matroska (.mkv) file."_s.arg(url.fileName()));
+    return false;
+}
+
+bool AppModel::holdsUserWork() const
+{
+    const QList<ChapterInfo> all = chapters.value();
+    if (!hasSource() || all.isEmpty() || completion.value())
+        return false;
+    return std::any_of(all.begin(), all.end(), isEdited);
+}
+
+QString AppModel::workSummary() const
+{
+    const QList<ChapterInfo> all = chapters.value();
+    const auto edited = std::count_if(all.begin(), all.end(), isEdited);
+    if (edited == 0)
+        return u"the current setup"_s;
+    return edited == 1 ? u"1 edited title"_s : u"%1 edited titles"_s.arg(edited);
+}
+
+void AppModel::requestFile(const QUrl &url)
+{
+    if (!holdsUserWork()) {
+        loadFile(url);
+        return;
+    }
+    PendingSourceChange change;
+    change.source = url;
+    change.summary = workSummary();
+    pendingSourceChange = change;
+}
+
+void AppModel::confirmPendingSourceChange()
+{
+    const std::optional<PendingSourceChange> change = pendingSourceChange.value();
+    if (!change)
+        return;
+    pendingSourceChange = std::nullopt;
+    loadFile(change->source);
+}
+
+void AppModel::loadFile(const QUrl &url)
+{
+    if (completion.value())
+        clearInputs();
+    inputFileURL = url;
+    chapters = QList<ChapterInfo>();
+    sourceAudio = std::nullopt;
+    encodedFiles = QList<QUrl>();
+    lastOutputFolder = std::nullopt;
+    encodingProgress = 0;
+    completion = std::nullopt;
+    currentState = WorkflowState::Kind::extractingChapters;
+    progressMessage = QString();
+    m_tasks.start([this, url](std::stop_token stop) { return inspectSource(url, stop); });
+}
+
+// Nothing compares the file on return: of two inspections that overlap, the one that ends last wins.
+QCoro::Task<> AppModel::inspectSource(QUrl url, std::stop_token stop)
+{
+    try {
+        const SourceInspection inspection = co_await m_services.chapterExtractor.inspect(url, stop);
+        showInspection(inspection);
+    } catch (const CancellationError &) {
+        throw;
+    } catch (...) {
+        showInspectionFailure(std::current_exception());
+    }
+}
+
+void AppModel::showInspection(const SourceInspection &inspection)
+{
+    chapters = inspection.chapters;
+    sourceAudio = inspection.audioStream;
+    progressMessage = foundMessage(inspection.chapters.size());
+    currentState = WorkflowState::Kind::awaitingUserMapping;
+}
+
+void AppModel::showInspectionFailure(const std::exception_ptr &error)
+{
+    chapters = QList<ChapterInfo>();
+    sourceAudio = std::nullopt;
+    currentState = WorkflowState::error(describe(error).description);
+    alert = AlertContent(u"Couldn't Read Chapters"_s, error);
+}
+
+void AppModel::clearInputs()
+{
+    inputFileURL = std::nullopt;
+    sourceAudio = std::nullopt;
+    chapters = QList<ChapterInfo>();
+    for (QProperty<QString> *field : {&artist, &albumTitle, &albumYear, &genre, &discNumber, &discTotal})
+        *field = QString();
+    encodedFiles = QList<QUrl>();
+    encodingProgress = 0;
+    currentState = WorkflowState::Kind::idle;
+    progressMessage = QString();
+}
+
+void AppModel::setMappedTitle(qsizetype index, const QString &title)
+{
+    QList<ChapterInfo> edited = chapters.value();
+    edited[index].mappedTitle = title;
+    chapters = edited;
+}
+
+void AppModel::resetToSourceTitles()
+{
+    QList<ChapterInfo> reset = chapters.value();
+    for (ChapterInfo &chapter : reset)
+        chapter.mappedTitle = chapter.originalTitle;
+    chapters = reset;
+}
+
+} // namespace tonearm

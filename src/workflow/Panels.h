@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QCoroTask>
+
+#include <QString>
+#include <QUrl>
+
+#include <optional>
+#include <stop_token>
+
+namespace tonearm {
+
+/// What an open panel is to offer.
+struct OpenPanelRequest
+{
+    enum class Target { file, folder };
+
+    QString title;
+    /// The text of the button that accepts.
+    QString prompt;
+    Target target = Target::file;
+    /// The only extension on offer, without its dot; files only.
+    QString extension = {};
+
+    bool operator==(const OpenPanelRequest &) const = default;
+};
+
+/// The system's panels. Main thread.
+class Panels
+{
+public:
+    virtual ~Panels() = default;
+
+    /// Shows a panel and suspends until it is answered: one existing location, or nothing if it was
+    /// dismissed. A stop request dismisses it.
+    virtual QCoro::Task<std::optional<QUrl>> choose(OpenPanelRequest request, std::stop_token stop) = 0;
+};
+
+} // namespace tonearm
