@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QUnhandledException>
 #include <QtConcurrentRun>
 
 #include <QCoroFuture>
 #include <QCoroTask>
 
+#include <exception>
 #include <type_traits>
 #include <utility>
 
@@ -13,9 +15,15 @@ namespace tonearm {
 
 /// Runs a function that may block (files, decoding) on a pool thread; the caller is resumed on its own
 /// thread with the result or the exception. The function must own everything it touches.
-template <typename Function> auto inBackground(Function function) -> QCoro::Task<std::invoke_result_t<Function>>
+template <typename Function>
+auto inBackground(Function function) -> QCoro::Task<std::invoke_result_t<Function>>
 {
-    co_return co_await QtConcurrent::run(std::move(function));
+    try {
+        co_return co_await QtConcurrent::run(std::move(function));
+    } catch (const QUnhandledException &wrapped) {
+        // What Qt makes of an exception whose type isn't one of its own.
+        std::rethrow_exception(wrapped.exception());
+    }
 }
 
 } // namespace tonearm
