@@ -40,10 +40,11 @@ void DesktopFileViewer::select(const QList<QUrl> &locations)
     if (locations.isEmpty())
         return;
     m_tasks.start([locations](std::stop_token) -> QCoro::Task<> {
-        const bool isShown = co_await inBackground([locations] { return showItems(locations); });
-        if (isShown)
+        const auto showing = [locations] { return showItems(locations); };
+        if (co_await inBackground(showing))
             co_return;
-        const QUrl folder = co_await inBackground([locations] { return folderOf(locations.first()); });
+        const auto search = [locations] { return folderOf(locations.first()); };
+        const QUrl folder = co_await inBackground(search);
         QDesktopServices::openUrl(folder);
     });
 }

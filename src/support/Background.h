@@ -15,6 +15,8 @@ namespace tonearm {
 
 /// Runs a function that may block (files, decoding) on a pool thread; the caller is resumed on its own
 /// thread with the result or the exception. The function must own everything it touches.
+///
+/// Name the function before the co_await: GCC 12 destroys what a temporary has captured twice.
 template <typename Function>
 auto inBackground(Function function) -> QCoro::Task<std::invoke_result_t<Function>>
 {

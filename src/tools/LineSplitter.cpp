@@ -15,6 +15,8 @@ LineSplitter::LineSplitter(Callback onLine)
 
 void LineSplitter::add(QByteArrayView chunk)
 {
+    if (!m_onLine)
+        return;
     const auto isLineEnd = [](char byte) { return byte == '\r' || byte == '\n'; };
     auto begin = chunk.begin();
     for (auto end = std::find_if(begin, chunk.end(), isLineEnd); end != chunk.end();

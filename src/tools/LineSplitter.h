@@ -10,7 +10,7 @@ namespace tonearm {
 
 /// Cuts a stream of bytes into lines. A carriage return and a line feed each end a line, so that
 /// progress lines that overwrite themselves arrive one at a time. Empty lines and lines that aren't
-/// valid UTF-8 are left out.
+/// valid UTF-8 are left out. Without a callback nothing happens.
 class LineSplitter
 {
 public:

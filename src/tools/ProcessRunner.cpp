@@ -6,17 +6,15 @@
 #include "tools/ChildProcess.h"
 #include "tools/LaunchGate.h"
 #include "tools/LineSplitter.h"
+#include "tools/PipeReading.h"
 
 #include <QCoroFuture>
 
 #include <QPromise>
 
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace tonearm {
 
@@ -25,43 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using RunResult = ProcessRunner::RunResult;
-
-// Reads a pipe to its end, handing each chunk on as it comes.
-template <typename OnChunk> void readToEnd(const FileDescriptor &readEnd, OnChunk onChunk)
-{
-    constexpr std::size_t chunkBytes = 65536; // a pipe's buffer on Linux
-    std::array<char, chunkBytes> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
-    for (;;) {
-        const ssize_t count = ::read(readEnd.number(), buffer.data(), buffer.size());
-        if (count > 0)
-            onChunk(QByteArrayView(buffer.data(), count));
-        else if (count == 0 || errno != EINTR)
-            return;
-    }
-}
-
-QByteArray readStdout(const FileDescriptor &readEnd)
-{
-    QByteArray collected;
-    readToEnd(readEnd, [&](QByteArrayView chunk) { collected.append(chunk); });
-    return collected;
-}
-
-QByteArray readStderr(const FileDescriptor &readEnd, const ProcessRunner::LineCallback &onLine)
-{
-    QByteArray collected;
-    if (!onLine) {
-        readToEnd(readEnd, [&](QByteArrayView chunk) { collected.append(chunk); });
-        return collected;
-    }
-    LineSplitter splitter(onLine);
-    readToEnd(readEnd, [&](QByteArrayView chunk) {
-        collected.append(chunk);
-        splitter.add(chunk);
-    });
-    splitter.finish();
-    return collected;
-}
 
 // One run from launch to end, on a thread of its own.
 class Run
@@ -79,27 +40,52 @@ public:
     {
         Pipe output = Pipe::open();
         Pipe errors = Pipe::open();
-        const ChildProcess &child =
-            gate.store(ChildProcess::launch(m_executable, m_arguments, output.writeEnd, errors.writeEnd));
-        output.writeEnd.close();
-        errors.writeEnd.close();
-
         RunResult result;
-        std::thread outputReader([&] { result.stdoutBytes = readStdout(output.readEnd); });
-        result.stderrBytes = readStderr(errors.readEnd, m_onStderrLine);
-        outputReader.join();
-        const std::int32_t status = child.wait();
+        LineSplitter lines(m_onStderrLine);
+        const PipeSource standardOutput{output.readEnd.number(),
+                                        [&](QByteArrayView chunk) { result.stdoutBytes.append(chunk); }};
+        const PipeSource standardError{errors.readEnd.number(), [&](QByteArrayView chunk) {
+                                           result.stderrBytes.append(chunk);
+                                           lines.add(chunk);
+                                       }};
 
-        if (gate.isCancelled())
-            throw CancellationError{};
-        if (status != 0) {
-            throw ProcessRunnerError::nonZeroExit(m_command, status,
-                                                  decodedUtf8(result.stderrBytes).value_or(QString()));
-        }
+        // One thread reads both pipes, unless a callback could hold it up: stdout must not wait for that.
+        // The second one is there before the launch, so that no child goes unread for want of a thread.
+        std::jthread outputReader;
+        std::vector<PipeSource> readHere{standardError};
+        if (m_onStderrLine)
+            outputReader = std::jthread([&] { readToEnd({standardOutput}); });
+        else
+            readHere.push_back(standardOutput);
+
+        const ChildProcess &child = launch(gate, std::move(output.writeEnd), std::move(errors.writeEnd));
+        readToEnd(readHere);
+        lines.finish();
+        if (outputReader.joinable())
+            outputReader.join();
+        throwUnlessSuccessful(gate, child.wait(), result.stderrBytes);
         return result;
     }
 
 private:
+    // Takes over the write ends, so that the readers end with the child, or at once if there is none.
+    const ChildProcess &launch(LaunchGate &gate, FileDescriptor standardOutput,
+                               FileDescriptor standardError) const
+    {
+        return gate.store(ChildProcess::launch(m_executable, m_arguments, standardOutput, standardError));
+    }
+
+    void throwUnlessSuccessful(const LaunchGate &gate, std::int32_t status,
+                               const QByteArray &stderrBytes) const
+    {
+        if (gate.isCancelled())
+            throw CancellationError{};
+        if (status != 0) {
+            throw ProcessRunnerError::nonZeroExit(m_command, status,
+                                                  decodedUtf8(stderrBytes).value_or(QString()));
+        }
+    }
+
     QString m_executable;
     QString m_command;
     QStringList m_arguments;

@@ -53,7 +53,7 @@ public:
     };
 
     /// Takes one line of stderr, without its end. Called on a background thread, one call at a time, in
-    /// stream order, always before the run ends; it has to return quickly.
+    /// stream order, always before the run ends; it has to return quickly and must not throw.
     using LineCallback = std::function<void(const QString &)>;
 
     /// Starts a program and suspends until it has exited and both its pipes are closed. The child

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/AppModel.h"
 
+#include "encoding/PathText.h"
 #include "support/Text.h"
 #include "workflow/records/DigitText.h"
 
@@ -53,7 +54,7 @@ bool AppModel::hasSource() const
 std::optional<QString> AppModel::sourceName() const
 {
     const std::optional<QUrl> file = inputFileURL.value();
-    return file ? std::optional(file->fileName()) : std::nullopt;
+    return file ? std::optional(lastPathComponent(*file)) : std::nullopt;
 }
 
 bool AppModel::isFFmpegInstalled() const
@@ -63,8 +64,8 @@ bool AppModel::isFFmpegInstalled() const
 
 bool AppModel::canEncode() const
 {
-    return isFFmpegInstalled() && hasSource() && outputFolderURL.value() && !chapters.value().isEmpty()
-        && untitledChapters().isEmpty() && !encodingTask.value();
+    return isFFmpegInstalled() && hasSource() && outputFolderURL.value() && !chapters.value().isEmpty() &&
+           untitledChapters().isEmpty() && !encodingTask.value();
 }
 
 QString AppModel::statusText() const

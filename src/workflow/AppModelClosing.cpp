@@ -6,8 +6,12 @@ namespace tonearm {
 
 bool AppModel::requestClose()
 {
-    if (!encodingTask.value())
+    if (!encodingTask.value()) {
+        // What was asked or agreed upon is settled; a window that opens again starts afresh.
+        pendingClose = std::nullopt;
+        m_isClosing = false;
         return true;
+    }
     if (!m_isClosing.value() && !pendingClose.value())
         pendingClose = PendingClose();
     return false;

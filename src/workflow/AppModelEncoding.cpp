@@ -44,20 +44,27 @@ void AppModel::startEncoding()
     const std::optional<QUrl> destination = destinationFolder();
     if (!canEncode() || !destination)
         return;
-    m_tasks.start([this, folder = *destination](std::stop_token stop) { return checkForOverwrites(folder, stop); });
+    m_tasks.start(
+        [this, folder = *destination](std::stop_token stop) { return checkForOverwrites(folder, stop); });
 }
 
 // The look at the folder may take its time on a disk across the network, so the user can act meanwhile:
-// what was true before is asked again after.
+// what was true before is asked again after, and titles that were edited are looked up again.
 QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token stop)
 {
-    const QList<QUrl> existing = co_await inBackground(
-        [encoder = m_services.encoder, units = chapters.value(), destination] {
+    const std::optional<QUrl> source = inputFileURL.value();
+    QList<ChapterInfo> units;
+    QList<QUrl> existing;
+    do {
+        units = chapters.value();
+        const auto look = [encoder = m_services.encoder, units, destination] {
             return encoder.existingOutputs(units, destination);
-        });
-    throwIfCancelled(stop);
-    if (!canStartIn(destination))
-        co_return;
+        };
+        existing = co_await inBackground(look);
+        throwIfCancelled(stop);
+        if (!canStartIn(destination) || inputFileURL.value() != source)
+            co_return;
+    } while (chapters.value() != units);
     if (existing.isEmpty()) {
         beginJob();
         co_return;

@@ -2,12 +2,12 @@
 // A job on a file from its first chapter to its end: finished, cancelled or failed.
 #include "workflow/AppModel.h"
 
+#include "encoding/PathText.h"
 #include "support/Background.h"
 #include "support/Cancellation.h"
 #include "workflow/EncodingJob.h"
 
 #include <QDateTime>
-#include <QFileInfo>
 #include <QMetaObject>
 
 #include <chrono>
@@ -29,11 +29,6 @@ TrackEncoding trackOf(const EncodingJob &job, qsizetype index, const QString &fi
     track.number = index + 1;
     track.total = job.chapters.size();
     return track;
-}
-
-QString lastComponent(const QUrl &folder)
-{
-    return folder.adjusted(QUrl::StripTrailingSlash).fileName();
 }
 
 } // namespace
@@ -64,10 +59,11 @@ QCoro::Task<> AppModel::encodeChapters(std::shared_ptr<EncodingJob> job, std::st
 {
     using Clock = std::chrono::steady_clock;
     const AudioEncodingService encoder = m_services.encoder;
-    co_await inBackground([encoder, job = *job] {
-        encoder.validate(job.chapters, job.metadata);
-        encoder.prepareOutputDirectory(job.destination);
-    });
+    const auto preparation = [encoder, job] {
+        encoder.validate(job->chapters, job->metadata);
+        encoder.prepareOutputDirectory(job->destination);
+    };
+    co_await inBackground(preparation);
 
     const qsizetype count = job->chapters.size();
     for (qsizetype index = 0; index < count; ++index) {
@@ -79,7 +75,8 @@ QCoro::Task<> AppModel::encodeChapters(std::shared_ptr<EncodingJob> job, std::st
         const TrackEncoding track = trackOf(*job, index, encoder.outputFilename(title, index + 1));
         const auto report = [this, index, count, title](double fraction) {
             const EncodingProgress progress = EncodingProgress::within(index, count, title, fraction);
-            QMetaObject::invokeMethod(&m_context, [this, progress] { publish(progress); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                &m_context, [this, progress] { publish(progress); }, Qt::QueuedConnection);
         };
         co_await encoder.encode(track, report, stop);
 
@@ -101,7 +98,8 @@ void AppModel::publish(const EncodingProgress &progress)
     encodingProgress = progress.overallFraction;
 }
 
-QCoro::Task<> AppModel::writeLog(std::shared_ptr<EncodingJob> job, std::exception_ptr error, bool wasCancelled)
+QCoro::Task<> AppModel::writeLog(std::shared_ptr<EncodingJob> job, std::exception_ptr error,
+                                 bool wasCancelled)
 {
     EncodingLog log = job->log;
     log.finishedAt = QDateTime::currentDateTime();
@@ -109,7 +107,8 @@ QCoro::Task<> AppModel::writeLog(std::shared_ptr<EncodingJob> job, std::exceptio
     if (error)
         log.failure = describe(error).joined(u" "_s);
     try {
-        lastLogURL = co_await inBackground([log] { return write(log, logDirectory(log)); });
+        const auto writing = [log] { return write(log, logDirectory(log)); };
+        lastLogURL = co_await inBackground(writing);
     } catch (...) {
         // A job that went well isn't spoilt by a log that didn't.
         lastLogURL = std::nullopt;
@@ -122,7 +121,7 @@ void AppModel::completeJob(const EncodingJob &job)
     lastOutputFolder = job.destination;
     encodingProgress = 1;
     const QString tracks = job.outputs.size() == 1 ? u"1 track"_s : u"%1 tracks"_s.arg(job.outputs.size());
-    progressMessage = u"Encoded %1 to %2."_s.arg(tracks, lastComponent(job.destination));
+    progressMessage = u"Encoded %1 to %2."_s.arg(tracks, lastPathComponent(job.destination));
     currentState = WorkflowState::Kind::complete;
     EncodingCompletion finished;
     finished.fileCount = job.outputs.size();

@@ -55,14 +55,16 @@ void AppModel::revealOutput()
         return;
     }
     QList<QUrl> candidates;
-    for (const std::optional<QUrl> &folder : {lastOutputFolder.value(), destinationFolder(), outputFolderURL.value()}) {
+    for (const std::optional<QUrl> &folder :
+         {lastOutputFolder.value(), destinationFolder(), outputFolderURL.value()}) {
         if (folder)
             candidates.append(*folder);
     }
     if (candidates.isEmpty())
         return;
     m_tasks.start([this, candidates](std::stop_token stop) -> QCoro::Task<> {
-        const QUrl folder = co_await inBackground([candidates] { return firstOnDisk(candidates); });
+        const auto search = [candidates] { return firstOnDisk(candidates); };
+        const QUrl folder = co_await inBackground(search);
         throwIfCancelled(stop);
         m_services.fileViewer.select({folder});
     });

@@ -2,6 +2,7 @@
 // How a source comes in and goes away.
 #include "workflow/AppModel.h"
 
+#include "encoding/PathText.h"
 #include "support/Cancellation.h"
 
 #include <QFileInfo>
@@ -20,6 +21,13 @@ constexpr auto matroskaExtension = "mkv"_L1;
 bool isEdited(const ChapterInfo &chapter)
 {
     return chapter.mappedTitle != chapter.originalTitle;
+}
+
+bool isNamedMatroska(const QUrl &url)
+{
+    const QFileInfo file(lastPathComponent(url));
+    // A full stop in front makes a name hidden and gives it no extension.
+    return !file.completeBaseName().isEmpty() && file.suffix().toLower() == matroskaExtension;
 }
 
 QString foundMessage(qsizetype count)
@@ -57,11 +65,12 @@ void AppModel::chooseOutputFolder()
 
 bool AppModel::acceptDroppedFile(const QUrl &url)
 {
-    if (QFileInfo(url.fileName()).suffix().toLower() == matroskaExtension) {
+    if (isNamedMatroska(url)) {
         requestFile(url);
         return true;
     }
-    alert = AlertContent(u"Unsupported File"_s, u"\"%1\" isn't a Matroska (.mkv) file."_s.arg(url.fileName()));
+    alert = AlertContent(u"Unsupported File"_s,
+                         u"\"%1\" isn't a Matroska (.mkv) file."_s.arg(lastPathComponent(url)));
     return false;
 }
 

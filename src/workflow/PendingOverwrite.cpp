@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/PendingOverwrite.h"
 
+#include "encoding/PathText.h"
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -17,12 +19,12 @@ QString PendingOverwrite::message() const
     const bool isOne = filenames.size() == 1;
     const qsizetype remaining = filenames.size() - shownNames;
 
-    const QString introduction = u"\"%1\" already contains the %2:\n"_s.arg(
-        folder.adjusted(QUrl::StripTrailingSlash).fileName(), isOne ? u"file"_s : u"files"_s);
+    const QString introduction =
+        u"\"%1\" already contains the %2:\n"_s.arg(lastPathComponent(folder), isOne ? u"file"_s : u"files"_s);
     const QString more = remaining > 0 ? u"…and %1 more. "_s.arg(remaining) : QString();
     const QString consequence = isOne ? u"Encoding will overwrite it."_s : u"Encoding will overwrite them."_s;
-    return introduction + u'\n' + filenames.first(qMin(shownNames, filenames.size())).join(u'\n') + u"\n\n"
-        + more + consequence;
+    return introduction + u'\n' + filenames.first(qMin(shownNames, filenames.size())).join(u'\n') + u"\n\n" +
+           more + consequence;
 }
 
 } // namespace tonearm

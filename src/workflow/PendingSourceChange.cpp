@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/PendingSourceChange.h"
 
+#include "encoding/PathText.h"
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
 
 QString PendingSourceChange::sourceName() const
 {
-    return source.fileName();
+    return lastPathComponent(source);
 }
 
 QString PendingSourceChange::message() const

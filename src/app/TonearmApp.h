@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/screens/MainWindow.h"
+#include "app/settings/AppSettings.h"
+#include "app/settings/SettingsStore.h"
+#include "platform/DesktopFileViewer.h"
+#include "platform/DesktopPanels.h"
+#include "workflow/AppModel.h"
+#include "workflow/records/GenreCatalog.h"
+
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+namespace tonearm {
+
+/// The root of the application: makes the objects that live as long as the process, and the windows.
+/// Here alone the interfaces of the logic meet their forms on this desktop.
+class TonearmApp
+{
+public:
+    /// `settingsFile` is where the settings are kept; `resourceFolder` is absent for a program that has
+    /// lost its resources, which then says so in its window. Needs a QApplication.
+    TonearmApp(const QString &settingsFile, const std::optional<QString> &resourceFolder);
+
+    /// Shows the main window and starts what belongs to its opening.
+    void openMainWindow();
+
+    MainWindow &mainWindow() { return m_mainWindow; }
+
+    AppModel &model() { return m_model; }
+
+private:
+    SettingsStore m_settingsStore;
+    AppSettings m_settings;
+    GenreCatalog m_genres;
+    DesktopPanels m_panels;
+    DesktopFileViewer m_fileViewer;
+    AppModel m_model;
+    MainWindow m_mainWindow;
+    // The end of the connections to the application.
+    QObject m_connections;
+};
+
+} // namespace tonearm

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QProperty>
+#include <QStringBuilder>
+
+#include <concepts>
+#include <functional>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+namespace tonearm {
+
+namespace detail {
+
+template <typename Type> inline constexpr bool isStringBuilder = false;
+template <typename Left, typename Right>
+inline constexpr bool isStringBuilder<QStringBuilder<Left, Right>> = true;
+
+template <typename Getter> using BoundValue = std::decay_t<std::invoke_result_t<Getter &>>;
+
+} // namespace detail
+
+/// What a getter may give: a value that can be kept. The sum of two texts isn't one (it refers to
+/// its parts, which are gone by then): such a getter says `-> QString`.
+template <typename Value>
+concept BindableValue = std::movable<Value> && !detail::isStringBuilder<Value>;
+
+namespace detail {
+
+template <typename Target, typename Value, typename Setter> class Binding final : public QObject
+{
+public:
+    template <typename Getter>
+    Binding(Target *target, Getter getter, Setter setter)
+        : QObject(target)
+        , m_setter(std::move(setter))
+    {
+        m_value.setBinding([get = std::move(getter)]() mutable -> std::optional<Value> { return get(); });
+        apply();
+        m_notifier.emplace(m_value.addNotifier([this] { apply(); }));
+    }
+
+private:
+    void apply()
+    {
+        // While a target is destroyed its children, this object too, still live for a moment, but the
+        // target has ceased to be what it was.
+        Target *target = dynamic_cast<Target *>(parent());
+        if (!target)
+            return;
+        const Value value = *m_value.valueBypassingBindings();
+        if constexpr (std::is_invocable_v<Setter &, Target *, const Value &>)
+            std::invoke(m_setter, target, value);
+        else
+            std::invoke(m_setter, value);
+    }
+
+    Setter m_setter;
+    // Optional, so that a value without a default will do.
+    QProperty<std::optional<Value>> m_value;
+    std::optional<QPropertyNotifier> m_notifier;
+};
+
+} // namespace detail
+
+/// Keeps a widget (or any other object, an action say) in step with a derived value for as long as it
+/// lives.
+///
+/// The getter runs at once, and again whenever a property changes that it read in its last run. The
+/// setter runs at once too, and then with each value that differs from the one before; of values
+/// without an `==` each counts as another. It is a member function of the widget or anything else that
+/// takes the value, or the widget and the value. What the getter refers to must live as long as the
+/// widget or as the last property that the getter reads. Main thread only.
+template <typename Target, typename Getter, typename Setter>
+void bind(Target *target, Getter getter, Setter setter)
+{
+    // Assertions and no constraints: where those fail, the compiler would silently settle for std::bind.
+    static_assert(std::derived_from<Target, QObject>, "only an object can be kept in step");
+    using Value = detail::BoundValue<Getter>;
+    static_assert(BindableValue<Value>,
+                  "the getter's value can't be kept; for a sum of texts say -> QString");
+    static_assert(std::is_invocable_v<Setter &, Target *, const Value &> ||
+                      std::is_invocable_v<Setter &, const Value &>,
+                  "the setter can't take what the getter gives");
+    new detail::Binding<Target, Value, Setter>(target, std::move(getter), std::move(setter));
+}
+
+} // namespace tonearm

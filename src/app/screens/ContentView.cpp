@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/ContentView.h"
+
+#include "app/screens/ChapterMappingSection.h"
+#include "app/screens/EncodingSection.h"
+#include "app/screens/FFmpegBanner.h"
+#include "app/screens/FileSelectionSection.h"
+#include "app/screens/MetadataSearchSection.h"
+
+#include <QFrame>
+#include <QVBoxLayout>
+
+namespace tonearm {
+
+namespace {
+
+constexpr int gap = 12;
+constexpr int padding = 16;
+
+QFrame *makeDivider()
+{
+    auto *line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    return line;
+}
+
+} // namespace
+
+ContentView::ContentView(AppModel &model, const GenreCatalog &genres, QWidget *parent)
+    : QScrollArea(parent)
+{
+    auto *column = new QWidget;
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setSpacing(gap);
+    layout->addWidget(new FFmpegBanner(model));
+    layout->addWidget(new FileSelectionSection(model));
+    layout->addWidget(makeDivider());
+    layout->addWidget(new MetadataSearchSection(model, genres));
+    layout->addWidget(makeDivider());
+    layout->addWidget(new ChapterMappingSection(model), 1);
+    layout->addWidget(makeDivider());
+    layout->addWidget(new EncodingSection(model));
+
+    setWidget(column);
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // The sections hold what takes the keyboard; the area itself only scrolls.
+    setFocusPolicy(Qt::NoFocus);
+}
+
+} // namespace tonearm

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/EncodingSection.h"
+
+#include "app/screens/Bind.h"
+#include "app/screens/EncodingTexts.h"
+#include "app/screens/IconLabel.h"
+#include "app/screens/ProminentButton.h"
+#include "app/screens/StatusLine.h"
+#include "app/screens/TextStyle.h"
+#include "workflow/AppModel.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Finer than a pixel of the bar on any screen.
+constexpr int progressSteps = 10000;
+
+} // namespace
+
+EncodingSection::EncodingSection(AppModel &model, QWidget *parent)
+    : SectionBox(4, u"Encode"_s, parent)
+    , m_model(model)
+{
+    addButtons();
+    addProgressBar();
+    addHint();
+    content()->addWidget(new StatusLine(model, this));
+    addSummary();
+}
+
+bool EncodingSection::isRunning() const
+{
+    return m_model.encodingTask.value().has_value();
+}
+
+void EncodingSection::addButtons()
+{
+    auto *row = new QHBoxLayout;
+    row->addWidget(makeEncodeButton());
+    row->addWidget(makeCancelButton());
+    row->addStretch(1);
+    row->addWidget(makeShowButton());
+    row->addWidget(makeClearButton());
+    content()->addLayout(row);
+}
+
+QPushButton *EncodingSection::makeEncodeButton()
+{
+    auto *button = new ProminentButton(u"Encode to FLAC"_s, this);
+    connect(button, &QPushButton::clicked, this, [this] { m_model.startEncoding(); });
+    bind(
+        button, [this] { return m_model.canEncode(); },
+        [](QPushButton *shown, bool enabled) {
+            shown->setEnabled(enabled);
+            shown->setIcon(icon(IconName::encode, enabled ? Tone::onAccent : Tone::text));
+        });
+    return button;
+}
+
+QPushButton *EncodingSection::makeCancelButton()
+{
+    auto *button = new QPushButton(u"Cancel"_s, this);
+    connect(button, &QPushButton::clicked, this, [this] { m_model.cancelEncoding(); });
+    bind(
+        button, [this] { return isRunning(); }, &QWidget::setVisible);
+    return button;
+}
+
+QPushButton *EncodingSection::makeShowButton()
+{
+    auto *button = new QPushButton(u"Show in Finder"_s, this);
+    connect(button, &QPushButton::clicked, this, [this] { m_model.revealOutput(); });
+    bind(
+        button, [this] { return m_model.hasSource(); }, &QWidget::setVisible);
+    bind(
+        button, [this] { return m_model.completion.value().has_value(); },
+        [](QPushButton *shown, bool finished) {
+            shown->setEnabled(finished);
+            shown->setToolTip(finished ? u"Open the folder the tracks were written to"_s
+                                       : u"Available once the encode has finished"_s);
+        });
+    return button;
+}
+
+QPushButton *EncodingSection::makeClearButton()
+{
+    auto *button = new QPushButton(this);
+    button->setToolTip(u"Clear the inputs, ready for the next job"_s);
+    connect(button, &QPushButton::clicked, this, [this] { m_model.clearOrEject(); });
+    bind(
+        button, [this] { return m_model.clearButtonTitle(); }, &QAbstractButton::setText);
+    bind(
+        button, [this] { return m_model.hasSource(); }, &QWidget::setVisible);
+    bind(
+        button, [this] { return !isRunning(); }, &QWidget::setEnabled);
+    return button;
+}
+
+void EncodingSection::addProgressBar()
+{
+    auto *bar = new QProgressBar(this);
+    bar->setRange(0, progressSteps);
+    bar->setTextVisible(false);
+    bar->setAccessibleName(u"Encoding progress"_s);
+    bind(
+        bar, [this] { return qRound(m_model.encodingProgress.value() * progressSteps); },
+        &QProgressBar::setValue);
+    bind(
+        bar, [this] { return isRunning(); }, &QWidget::setVisible);
+    content()->addWidget(bar);
+}
+
+void EncodingSection::addHint()
+{
+    auto *hint = new QLabel(this);
+    applyTextStyle(hint, TextStyle::smallSecondary);
+    bind(
+        hint, [this] { return isRunning() || m_model.canEncode() ? QString() : encodingHint(m_model); },
+        [](QLabel *label, const QString &text) {
+            label->setText(text);
+            label->setVisible(!text.isEmpty());
+        });
+    content()->addWidget(hint);
+}
+
+void EncodingSection::addSummary()
+{
+    auto *summary = new IconLabel(IconName::success, Tone::success, this);
+    bind(
+        summary, [this] { return encodingSummary(m_model); },
+        [](IconLabel *label, const QString &text) {
+            label->setText(text);
+            label->setVisible(!text.isEmpty());
+        });
+    content()->addWidget(summary);
+}
+
+} // namespace tonearm

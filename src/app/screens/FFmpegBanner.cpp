@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/FFmpegBanner.h"
+
+#include "app/screens/Bind.h"
+#include "app/screens/IconLabel.h"
+#include "app/screens/Spinner.h"
+#include "app/screens/TextStyle.h"
+#include "workflow/AppModel.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isMissing(const AppModel &model)
+{
+    return std::holds_alternative<FFmpegMissing>(model.ffmpegStatus.value());
+}
+
+// What to do about missing tools, or where the tools are.
+QString explanationOf(const AppModel &model)
+{
+    const FFmpegStatus status = model.ffmpegStatus.value();
+    if (const auto *missing = std::get_if<FFmpegMissing>(&status))
+        return missing->text;
+    if (const auto *installed = std::get_if<FFmpegInstallation>(&status))
+        return installed->displayLine();
+    return {};
+}
+
+} // namespace
+
+FFmpegBanner::FFmpegBanner(AppModel &model, QWidget *parent)
+    : Banner({.tone = Tone::warning}, parent)
+    , m_model(model)
+{
+    auto *row = new QHBoxLayout;
+    row->addWidget(makeText(), 1);
+    row->addWidget(makeCheckAgain());
+    content()->addLayout(row);
+
+    bind(
+        this, [&model] { return isMissing(model) || model.didJustFindFFmpeg.value(); }, &Banner::setShown);
+    bind(
+        this, [&model] { return isMissing(model) ? Tone::warning : Tone::success; }, &Banner::setTone);
+}
+
+QWidget *FFmpegBanner::makeText()
+{
+    auto *text = new QWidget;
+    auto *title = new IconLabel(IconName::warning, Tone::warning, text);
+    applyTextStyle(title, TextStyle::emphasised);
+    bind(
+        title, [this] { return isMissing(m_model); },
+        [](IconLabel *label, bool missing) {
+            label->setIcon(missing ? IconName::warning : IconName::success,
+                           missing ? Tone::warning : Tone::success);
+            label->setText(missing ? u"Tonearm's audio tools are missing"_s : u"Audio tools are ready"_s);
+        });
+
+    auto *explanation = new QLabel(text);
+    explanation->setWordWrap(true);
+    explanation->setTextFormat(Qt::PlainText);
+    applyTextStyle(explanation, TextStyle::smallSecondary);
+    bind(
+        explanation, [this] { return explanationOf(m_model); }, &QLabel::setText);
+
+    auto *column = new QVBoxLayout(text);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(title);
+    column->addWidget(explanation);
+    return text;
+}
+
+// The button, and in its place an indicator while a check runs.
+QWidget *FFmpegBanner::makeCheckAgain()
+{
+    auto *place = new QWidget;
+    auto *button = new QPushButton(u"Check Again"_s, place);
+    connect(button, &QPushButton::clicked, this, [this] { m_model.checkFFmpeg(); });
+    auto *spinner = new Spinner(place);
+    auto *row = new QHBoxLayout(place);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(button);
+    row->addWidget(spinner);
+    bind(
+        place, [this] { return std::pair(isMissing(m_model), m_model.ffmpegCheckTask.value().has_value()); },
+        [button, spinner](std::pair<bool, bool> state) {
+            const auto [missing, checking] = state;
+            button->setVisible(missing && !checking);
+            spinner->setVisible(missing && checking);
+        });
+    return place;
+}
+
+} // namespace tonearm

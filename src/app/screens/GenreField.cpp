@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/GenreField.h"
+
+#include "app/screens/Icons.h"
+#include "app/screens/ModelTextBox.h"
+#include "workflow/AppModel.h"
+#include "workflow/records/GenreCatalog.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QMenu>
+#include <QToolButton>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int boxWidth = 220;
+constexpr int menuWidth = 32;
+
+} // namespace
+
+GenreField::GenreField(AppModel &model, const GenreCatalog &genres, QWidget *parent)
+    : QWidget(parent)
+    , m_model(model)
+    , m_genres(genres)
+{
+    QLineEdit *box = makeModelTextBox(model.genre, u"Genre"_s, this);
+    box->setFixedWidth(boxWidth);
+    box->setToolTip(u"Written to the GENRE tag on every track, which is what media servers group and browse "
+                    u"by. Type anything, or pick from the list."_s);
+    setFocusProxy(box);
+
+    auto *menu = new QMenu(this);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillMenu(menu); });
+    auto *button = new QToolButton(this);
+    button->setMenu(menu);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setFixedWidth(menuWidth);
+    button->setIcon(icon(IconName::list));
+    button->setToolTip(u"Choose from the default genres"_s);
+    button->setAccessibleName(u"Choose from the default genres"_s);
+
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(4);
+    row->addWidget(box);
+    row->addWidget(button);
+    row->addStretch(1);
+}
+
+void GenreField::fillMenu(QMenu *menu)
+{
+    menu->clear();
+    if (!m_model.genre.value().isEmpty()) {
+        menu->addAction(u"Clear"_s, this, [this] { m_model.genre = QString(); });
+        menu->addSeparator();
+    }
+    for (const Genre &genre : m_genres.defaults()) {
+        QAction *entry = menu->addAction(QString(genre.name).replace(u'&', u"&&"_s));
+        connect(entry, &QAction::triggered, this, [this, name = genre.name] { m_model.genre = name; });
+    }
+}
+
+} // namespace tonearm

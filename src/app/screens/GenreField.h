@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+
+class QMenu;
+
+namespace tonearm {
+
+class AppModel;
+class GenreCatalog;
+
+/// The genre as free text, with a menu of the usual ones beside it.
+class GenreField : public QWidget
+{
+    Q_OBJECT
+
+public:
+    GenreField(AppModel &model, const GenreCatalog &genres, QWidget *parent = nullptr);
+
+private:
+    void fillMenu(QMenu *menu);
+
+    AppModel &m_model;
+    const GenreCatalog &m_genres;
+};
+
+} // namespace tonearm

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/MainWindow.h"
+
+#include "app/screens/Bind.h"
+#include "app/screens/ContentView.h"
+#include "app/screens/MainWindowQuestions.h"
+#include "workflow/AppModel.h"
+
+#include <QCloseEvent>
+#include <QShortcut>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize defaultSize(940, 940);
+constexpr QSize smallestSize(820, 900);
+
+} // namespace
+
+MainWindow::MainWindow(AppModel &model, const GenreCatalog &genres)
+    : m_model(model)
+{
+    setWindowTitle(u"Tonearm"_s);
+    setMinimumSize(smallestSize);
+    resize(defaultSize);
+    setCentralWidget(new ContentView(model, genres, this));
+    showQuestions(this, model);
+
+    addShortcut(Qt::CTRL | Qt::Key_I, &AppModel::chooseInputFile);
+    addShortcut(Qt::CTRL | Qt::Key_O, &AppModel::chooseOutputFolder);
+    addShortcut(Qt::CTRL | Qt::Key_E, &AppModel::startEncoding);
+    addShortcut(Qt::CTRL | Qt::Key_Period, &AppModel::cancelEncoding);
+    for (const QKeySequence &keys : {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::CTRL | Qt::Key_Q)})
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this] { close(); });
+
+    // Once the job that held the window open has ended.
+    bind(
+        this, [&model] { return model.isReadyToClose(); },
+        [](MainWindow *window, bool isReady) {
+            if (isReady)
+                QMetaObject::invokeMethod(window, &QWidget::close, Qt::QueuedConnection);
+        });
+}
+
+void MainWindow::addShortcut(const QKeySequence &keys, void (AppModel::*operation)())
+{
+    connect(new QShortcut(keys, this), &QShortcut::activated, this,
+            [this, operation] { (m_model.*operation)(); });
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(m_model.requestClose());
+}
+
+} // namespace tonearm

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMainWindow>
+
+namespace tonearm {
+
+class AppModel;
+class GenreCatalog;
+
+/// The window of the encoding job. While a job runs it asks before it closes.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow(AppModel &model, const GenreCatalog &genres);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void addShortcut(const QKeySequence &keys, void (AppModel::*operation)());
+
+    AppModel &m_model;
+};
+
+} // namespace tonearm

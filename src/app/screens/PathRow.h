@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/screens/Icons.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class QLabel;
+class QLineEdit;
+
+namespace tonearm {
+
+/// A label and a path beside it, which the user can mark and copy. A long path doesn't widen the
+/// window; it scrolls in its place.
+class PathRow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PathRow(const QString &label, QWidget *parent = nullptr);
+
+    /// Puts an icon in front of the path.
+    void setIcon(IconName name);
+
+    /// Without a path the row says that nothing is selected.
+    void setPath(const std::optional<QString> &path);
+
+private:
+    QLabel *m_label;
+    QLabel *m_icon;
+    QLineEdit *m_path;
+};
+
+} // namespace tonearm

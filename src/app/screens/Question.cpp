@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/Question.h"
+
+#include <QPushButton>
+
+#include <utility>
+
+namespace tonearm {
+
+QMessageBox *openQuestion(QWidget *window, const QuestionWords &words, std::function<void(bool)> answered)
+{
+    auto *box = new QMessageBox(window);
+    box->setWindowModality(Qt::WindowModal);
+    box->setWindowTitle(window->windowTitle());
+    box->setIcon(words.decline.isEmpty() ? QMessageBox::Warning : QMessageBox::Question);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(words.title);
+    box->setInformativeText(words.message);
+
+    const bool asks = !words.decline.isEmpty();
+    QPushButton *accept =
+        box->addButton(words.accept, asks ? QMessageBox::DestructiveRole : QMessageBox::AcceptRole);
+    QPushButton *safe = asks ? box->addButton(words.decline, QMessageBox::RejectRole) : accept;
+    box->setDefaultButton(safe);
+    box->setEscapeButton(safe);
+
+    QObject::connect(box, &QDialog::finished, box, [box, accept, answered = std::move(answered)] {
+        box->deleteLater();
+        answered(box->clickedButton() == accept);
+    });
+    box->open();
+    return box;
+}
+
+void dismiss(QMessageBox *question)
+{
+    QObject::disconnect(question, &QDialog::finished, nullptr, nullptr);
+    question->close();
+    question->deleteLater();
+}
+
+} // namespace tonearm

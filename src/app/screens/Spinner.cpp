@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/Spinner.h"
+
+#include "app/screens/AccessibleRole.h"
+#include "app/screens/Colours.h"
+#include "app/screens/Motion.h"
+
+#include <QPainter>
+#include <QTimerEvent>
+
+#include <chrono>
+
+namespace tonearm {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int spokes = 8;
+constexpr double fullTurn = 360.0;
+constexpr double faintest = 0.2;
+
+} // namespace
+
+Spinner::Spinner(QWidget *parent, int side)
+    : QWidget(parent)
+{
+    setFixedSize(side, side);
+    setAccessibleRole(this, QAccessible::Animation);
+}
+
+void Spinner::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (wantsMotion(this))
+        m_timer.start(static_cast<int>(std::chrono::milliseconds(1s).count()) / spokes, this);
+}
+
+void Spinner::hideEvent(QHideEvent *event)
+{
+    m_timer.stop();
+    QWidget::hideEvent(event);
+}
+
+void Spinner::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_timer.timerId())
+        return QWidget::timerEvent(event);
+    m_step = (m_step + 1) % spokes;
+    update();
+}
+
+void Spinner::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(width() / 2.0, height() / 2.0);
+    painter.rotate(m_step * fullTurn / spokes);
+    const double outer = qMin(width(), height()) / 2.0 - 1;
+    const QColor colour = toneColour(Tone::text, palette());
+    for (int spoke = 0; spoke < spokes; ++spoke) {
+        // The spoke ahead is the darkest, and each behind it is paler.
+        const double strength = faintest + (1 - faintest) * (spokes - 1 - spoke) / (spokes - 1);
+        painter.setPen(QPen(faded(colour, strength), outer / 4, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(QPointF(0, -outer / 2), QPointF(0, -outer));
+        painter.rotate(-fullTurn / spokes);
+    }
+}
+
+} // namespace tonearm

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class QLabel;
+
+namespace tonearm {
+
+/// The few ways in which texts differ from the body text around them.
+enum class TextStyle {
+    /// Heads a section.
+    heading,
+    /// A row's or a block's first line.
+    emphasised,
+    /// Explains, in the body's size.
+    secondary,
+    /// A size smaller.
+    small,
+    /// Explains, a size smaller.
+    smallSecondary,
+};
+
+/// Shows a label in a style, and keeps it so when the font or the palette around it changes. To be
+/// called once for a label.
+void applyTextStyle(QLabel *label, TextStyle style);
+
+} // namespace tonearm

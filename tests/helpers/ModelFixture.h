@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/settings/AppSettings.h"
+#include "app/settings/SettingsStore.h"
+#include "helpers/FakeFileViewer.h"
+#include "helpers/FakePanels.h"
+#include "tools/ToolLocation.h"
+#include "workflow/AppModel.h"
+
+#include <QPropertyNotifier>
+#include <QString>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+
+namespace tonearm::test {
+
+/// The tools that ship with the application.
+ToolLocation bundledTools();
+
+/// The main window's model in surroundings of its own: a temporary folder, in which the settings lie
+/// too, and panels and a file viewer that the test plays. All of it goes with the fixture.
+class ModelFixture
+{
+public:
+    struct Options
+    {
+        ToolLocation tools = bundledTools();
+        std::chrono::milliseconds announcementTime{20};
+        std::optional<QUrl> defaultOutputDirectory = {};
+    };
+
+    /// The version that the logs tell.
+    static QString appVersion();
+
+    ModelFixture();
+    explicit ModelFixture(const Options &options);
+    ~ModelFixture();
+    ModelFixture(const ModelFixture &) = delete;
+    ModelFixture &operator=(const ModelFixture &) = delete;
+
+    AppModel &model() { return *m_model; }
+
+    AppModel *operator->() { return m_model.get(); }
+
+    /// Destroys the model before its surroundings.
+    void dropModel();
+
+    AppSettings &settings() { return m_settings; }
+
+    FakePanels &panels() { return m_panels; }
+
+    const FakeFileViewer &fileViewer() const { return m_fileViewer; }
+
+    /// A place in the temporary folder.
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+
+    QUrl url(const QString &name) const { return QUrl::fromLocalFile(path(name)); }
+
+    /// A place in "out", the output folder of prepareJob.
+    QString outputPath(const QString &name = {}) const;
+
+    // These run the event loop until the work that they start has ended, and fail the test if it
+    // doesn't.
+
+    void findTools();
+    void loadFile(const QString &path);
+    /// Makes the folder "out" the output folder, finds the tools and loads a source.
+    void prepareJob(const QString &source);
+    void runJob();
+    void waitForJobStart();
+    /// Waits for the end of one job more than the call before.
+    void waitForJobEnd();
+
+    /// Carries out all that the model has begun except what waits for a child program, a panel or a
+    /// timer. What hasn't happened then won't.
+    void settle();
+
+private:
+    QTemporaryDir m_folder;
+    SettingsStore m_store;
+    AppSettings m_settings;
+    FakePanels m_panels;
+    FakeFileViewer m_fileViewer;
+    std::unique_ptr<AppModel> m_model;
+    int m_endedJobs = 0;
+    int m_awaitedJobs = 0;
+    QPropertyNotifier m_onJobChange;
+};
+
+} // namespace tonearm::test
