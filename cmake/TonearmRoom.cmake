@@ -14,6 +14,14 @@ function(tonearm_room name)
   set_target_properties(${library} PROPERTIES TONEARM_FLOOR ${ROOM_FLOOR})
   target_link_libraries(${library} PUBLIC tonearm_flags Qt6::Core QCoro6::Core ${ROOM_LIBRARIES})
 
+  # What most files of a room read anyway; halves the time of a build.
+  target_precompile_headers(${library} PRIVATE
+    <QCoroFuture> <QCoroTask> <QList> <QObject> <QProperty> <QString> <QStringList> <QUrl>
+    <algorithm> <chrono> <functional> <memory> <optional> <variant>)
+  if("Qt6::Widgets" IN_LIST ROOM_LIBRARIES)
+    target_precompile_headers(${library} PRIVATE <QBoxLayout> <QLabel> <QPainter> <QPushButton> <QWidget>)
+  endif()
+
   foreach(other IN LISTS ROOM_LIBRARIES)
     if(other MATCHES "^tonearm_")
       get_target_property(floor ${other} TONEARM_FLOOR)

@@ -7,7 +7,7 @@
 
 namespace tonearm {
 
-/// Why a job can't start.
+/// Why a job can't start or go on.
 class AudioEncodingError : public DescribedError
 {
 public:
@@ -16,7 +16,8 @@ public:
         outputDirectoryNotWritable,
         untitledChapters,
         coverArtUnreadable,
-        noChapters
+        noChapters,
+        silentTrack
     };
 
     static AudioEncodingError outputDirectoryUnavailable(QUrl url);
@@ -24,12 +25,15 @@ public:
     static AudioEncodingError untitledChapters(qint64 count);
     static AudioEncodingError coverArtUnreadable(QUrl url);
     static AudioEncodingError noChapters();
+    /// ffmpeg was content, but there is no sound in what it wrote: the source ends before the chapter
+    /// begins, or can't be read there.
+    static AudioEncodingError silentTrack(QUrl url);
 
     QString description() const override;
     std::optional<QString> recoverySuggestion() const override;
 
     Kind kind;
-    /// The folder or the image; empty for the kinds without one.
+    /// The folder, the image or the output; empty for the kinds without one.
     QUrl url;
     /// For untitledChapters only.
     qint64 count;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Numbers.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -43,7 +44,11 @@ std::optional<qint64> parseInteger(QStringView text)
 
 QString fixedPoint(double value, int decimals)
 {
-    return QString::number(value, 'f', decimals);
+    // Rounds the number's exact value as printf does; QString::number rounds its shortest form.
+    std::array<char, 400> digits{}; // the largest double has 309 digits before the point
+    const std::to_chars_result printed =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, decimals);
+    return QString::fromLatin1(digits.data(), printed.ptr - digits.data());
 }
 
 QString padded(qint64 value, int digits)

@@ -41,7 +41,7 @@ TaskScope::~TaskScope()
 
 TaskHandle TaskScope::start(Body body)
 {
-    const TaskHandle handle;
+    TaskHandle handle;
     m_running->push_back(handle);
     auto ended = [running = m_running, handle] { std::erase(*running, handle); };
     QMetaObject::invokeMethod(

@@ -2,7 +2,7 @@
 #include "encoding/ChapterExtractionService.h"
 
 #include "encoding/ProbeReply.h"
-#include "encoding/StandInTools.h"
+#include "helpers/StandInTools.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Media.h"

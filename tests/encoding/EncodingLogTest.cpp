@@ -191,7 +191,7 @@ TEST(EncodingLogWrite, FailsWhereNoFolderCanBe)
     }
 }
 
-TEST(EncodingLogWrite, LeavesNothingBehindWhenTheDiskIsFull)
+TEST(EncodingLogWrite, LeavesNothingBehindWhenTheTextCantBeWritten)
 {
     const QTemporaryDir folder;
     const EncodingLog log = logOf(u"A"_s, u"B"_s);

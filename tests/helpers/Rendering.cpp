@@ -63,11 +63,14 @@ PaletteScope::PaletteScope(const QPalette &palette)
     : m_before(QApplication::palette())
 {
     QApplication::setPalette(palette);
+    // The widgets are told by an event.
+    QCoreApplication::processEvents();
 }
 
 PaletteScope::~PaletteScope()
 {
     QApplication::setPalette(m_before);
+    QCoreApplication::processEvents();
 }
 
 QImage rendered(QWidget &widget, double devicePixelRatio)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "encoding/StandInTools.h"
+#include "helpers/StandInTools.h"
 #include "helpers/Media.h"
 
 #include <QByteArray>

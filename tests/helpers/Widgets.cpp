@@ -8,6 +8,8 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QTest>
+#include <QTestEventList>
+#include <QWheelEvent>
 
 namespace tonearm::test {
 
@@ -60,6 +62,17 @@ void press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 void click(QWidget &widget)
 {
     QTest::mouseClick(&widget, Qt::LeftButton);
+}
+
+void turnWheel(QWidget &widget, int steps)
+{
+    const QPointF centre = widget.rect().center();
+    QWheelEvent event(centre, widget.mapToGlobal(centre), QPoint(),
+                      QPoint(0, -steps * QWheelEvent::DefaultDeltasPerStep), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    // Only the window system's own events are passed on to the widgets around.
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&widget, &event);
 }
 
 bool dragOver(QWidget &widget, const QList<QUrl> &urls)

@@ -29,6 +29,9 @@ void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// Clicks into the middle of a widget.
 void click(QWidget &widget);
 
+/// Turns the wheel over the middle of a widget, by so many steps towards the user.
+void turnWheel(QWidget &widget, int steps);
+
 /// Drags files over a widget; whether it would take them.
 bool dragOver(QWidget &widget, const QList<QUrl> &urls);
 

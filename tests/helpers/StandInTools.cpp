@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "encoding/StandInTools.h"
+#include "helpers/StandInTools.h"
 
 #include "helpers/Await.h"
 #include "helpers/Contents.h"

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A job of twelve chapters on an hour of 24-bit, 96 kHz FLAC, through the model as the window uses it and
+// as a shell loop of the same ffmpeg commands.
+#include "app/settings/AppSettings.h"
+#include "app/settings/SettingsStore.h"
+#include "encoding/FFmpegArguments.h"
+#include "support/ResourceFolder.h"
+#include "workflow/AppModel.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace tonearm;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int chapterCount = 12;
+constexpr int chapterSeconds = 300;
+
+class NoPanels : public Panels
+{
+public:
+    QCoro::Task<std::optional<QUrl>> choose(OpenPanelRequest, std::stop_token) override { co_return std::nullopt; }
+};
+
+class NoFileViewer : public FileViewer
+{
+public:
+    void select(const QList<QUrl> &) override {}
+};
+
+void runShell(const QString &command)
+{
+    if (std::system(command.toUtf8().constData()) != 0) {
+        std::fprintf(stderr, "failed: %s\n", qPrintable(command));
+        std::exit(1);
+    }
+}
+
+QString makeSource(const QTemporaryDir &folder)
+{
+    const QString source = folder.filePath(u"source.mkv"_s);
+    QFile list(folder.filePath(u"chapters.txt"_s));
+    if (!list.open(QIODevice::WriteOnly))
+        std::exit(1);
+    list.write(";FFMETADATA1\n");
+    for (int index = 0; index < chapterCount; ++index) {
+        list.write(QByteArray("[CHAPTER]\nTIMEBASE=1/1\nSTART=") + QByteArray::number(index * chapterSeconds)
+                   + "\nEND=" + QByteArray::number((index + 1) * chapterSeconds) + "\ntitle=Chapter "
+                   + QByteArray::number(index + 1) + "\n");
+    }
+    list.close();
+    runShell(u"ffmpeg -hide_banner -v error -f lavfi -i "
+             "'aevalsrc=0.4*sin(220*t)+0.05*random(0)|0.4*sin(330*t)+0.05*random(1):s=96000:d=%1' "
+             "-i '%2' -map 0:a -map_metadata 1 -c:a flac -sample_fmt s32 -bits_per_raw_sample 24 '%3'"_s
+                 .arg(QString::number(chapterCount * chapterSeconds), list.fileName(), source));
+    return source;
+}
+
+void waitUntil(const std::function<bool()> &condition)
+{
+    QEventLoop loop;
+    while (!condition())
+        loop.processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+qint64 millisecondsOfJob(AppModel &model)
+{
+    QElapsedTimer clock;
+    clock.start();
+    model.startEncoding();
+    waitUntil([&] { return model.completion.value().has_value() || model.alert.value().has_value(); });
+    if (!model.completion.value()) {
+        std::fprintf(stderr, "the job failed: %s\n", qPrintable(model.alert.value()->message));
+        std::exit(1);
+    }
+    return clock.elapsed();
+}
+
+qint64 millisecondsOfShellLoop(const AppModel &model, const QString &script, const QString &output)
+{
+    QFile file(script);
+    if (!file.open(QIODevice::WriteOnly))
+        std::exit(1);
+    const QString ffmpeg = *resourceFolder() + u"/bin/ffmpeg"_s;
+    const QList<ChapterInfo> chapters = model.chapters.value();
+    for (qsizetype index = 0; index < chapters.size(); ++index) {
+        TrackEncoding track;
+        track.chapter = chapters[index];
+        track.source = *model.inputFileURL.value();
+        track.output = QUrl::fromLocalFile(output + u"/%1.flac"_s.arg(index));
+        track.metadata = model.currentMetadata();
+        track.number = index + 1;
+        track.total = chapters.size();
+        QString line = u"'%1'"_s.arg(ffmpeg);
+        for (const QString &argument : ffmpegArguments(track))
+            line += u" '%1'"_s.arg(argument);
+        file.write((line + u" 2>/dev/null </dev/null\n"_s).toUtf8());
+    }
+    file.close();
+    QElapsedTimer clock;
+    clock.start();
+    runShell(u"sh '%1'"_s.arg(script));
+    return clock.elapsed();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QTemporaryDir folder;
+    SettingsStore store(folder.filePath(u"settings.json"_s));
+    AppSettings settings(store);
+    settings.setOrganizeIntoArtistAlbumFolders(false);
+    NoPanels panels;
+    NoFileViewer viewer;
+    const ToolLocation tools(resourceFolder());
+    AppModel model(settings, {.tools = tools,
+                              .processRunner = {},
+                              .chapterExtractor = ChapterExtractionService(tools),
+                              .encoder = AudioEncodingService(tools),
+                              .panels = panels,
+                              .fileViewer = viewer,
+                              .appVersion = u"bench"_s});
+    model.outputFolderURL = QUrl::fromLocalFile(folder.filePath(u"job"_s));
+    model.checkFFmpeg();
+    model.loadFile(QUrl::fromLocalFile(makeSource(folder)));
+    waitUntil([&] { return model.canEncode(); });
+    QDir(folder.path()).mkdir(u"loop"_s);
+
+    const qint64 loop = millisecondsOfShellLoop(model, folder.filePath(u"loop.sh"_s), folder.filePath(u"loop"_s));
+    const qint64 job = millisecondsOfJob(model);
+    std::printf("job of %d chapters: %.2f s, shell loop: %.2f s, ratio %.3f\n", chapterCount,
+                static_cast<double>(job) / 1000, static_cast<double>(loop) / 1000,
+                static_cast<double>(job) / static_cast<double>(loop));
+    return 0;
+}
