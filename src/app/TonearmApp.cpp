@@ -37,13 +37,18 @@ TonearmApp::TonearmApp(const QString &settingsFile, const std::optional<QString>
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_connections,
                      [this](Qt::ApplicationState state) {
                          if (state == Qt::ApplicationActive)
-                             m_model.checkFFmpeg();
+                             checkTools();
                      });
 }
 
 void TonearmApp::openMainWindow()
 {
     m_mainWindow.show();
+    checkTools();
+}
+
+void TonearmApp::checkTools()
+{
     m_model.checkFFmpeg();
     m_model.checkCDParanoia();
 }

@@ -33,6 +33,8 @@ public:
     AppModel &model() { return m_model; }
 
 private:
+    void checkTools();
+
     SettingsStore m_settingsStore;
     AppSettings m_settings;
     GenreCatalog m_genres;

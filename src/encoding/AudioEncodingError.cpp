@@ -41,11 +41,6 @@ AudioEncodingError AudioEncodingError::noChapters()
     return {Kind::noChapters, {}, 0};
 }
 
-AudioEncodingError AudioEncodingError::silentTrack(QUrl url)
-{
-    return {Kind::silentTrack, std::move(url), 0};
-}
-
 QString AudioEncodingError::description() const
 {
     const QString quotedName = u'"' + lastPathComponent(url) + u'"';
@@ -61,8 +56,6 @@ QString AudioEncodingError::description() const
         return u"The cover image "_s + quotedName + u" couldn't be opened."_s;
     case Kind::noChapters:
         return u"There are no chapters to encode."_s;
-    case Kind::silentTrack:
-        return quotedName + u" came out without any sound."_s;
     }
     Q_UNREACHABLE();
 }
@@ -79,8 +72,6 @@ std::optional<QString> AudioEncodingError::recoverySuggestion() const
         return u"Choose the image again, or remove it to encode without cover art."_s;
     case Kind::noChapters:
         return u"Load an .mkv file that has chapter markers."_s;
-    case Kind::silentTrack:
-        return u"The source is damaged there or shorter than its chapters say. Check that it plays to its end."_s;
     }
     Q_UNREACHABLE();
 }

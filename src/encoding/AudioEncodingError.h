@@ -7,7 +7,7 @@
 
 namespace tonearm {
 
-/// Why a job can't start or go on.
+/// Why a job can't start.
 class AudioEncodingError : public DescribedError
 {
 public:
@@ -16,8 +16,7 @@ public:
         outputDirectoryNotWritable,
         untitledChapters,
         coverArtUnreadable,
-        noChapters,
-        silentTrack
+        noChapters
     };
 
     static AudioEncodingError outputDirectoryUnavailable(QUrl url);
@@ -25,15 +24,12 @@ public:
     static AudioEncodingError untitledChapters(qint64 count);
     static AudioEncodingError coverArtUnreadable(QUrl url);
     static AudioEncodingError noChapters();
-    /// ffmpeg was content, but there is no sound in what it wrote: the source ends before the chapter
-    /// begins, or can't be read there.
-    static AudioEncodingError silentTrack(QUrl url);
 
     QString description() const override;
     std::optional<QString> recoverySuggestion() const override;
 
     Kind kind;
-    /// The folder, the image or the output; empty for the kinds without one.
+    /// The folder or the image; empty for the kinds without one.
     QUrl url;
     /// For untitledChapters only.
     qint64 count;

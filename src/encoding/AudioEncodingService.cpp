@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/AudioEncodingService.h"
 
-#include "encoding/AudioEncodingError.h"
 #include "encoding/FileNaming.h"
-#include "encoding/FlacHeader.h"
 #include "support/Background.h"
 #include "support/Cancellation.h"
 #include "support/Text.h"
@@ -20,21 +18,6 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// A shorter chapter may rightly hold no sample at all.
-constexpr double shortestSoundSeconds = 0.1;
-
-// ffmpeg ends well even where it found nothing to encode. Blocks.
-void throwIfSilent(const TrackEncoding &track)
-{
-    const bool hasSound = flacSampleCount(track.output.toLocalFile()).value_or(0) > 0;
-    if (!hasSound && track.duration() >= shortestSoundSeconds)
-        throw AudioEncodingError::silentTrack(track.output);
-}
-
-} // namespace
 
 AudioEncodingService::AudioEncodingService(ToolLocation tools, ProcessRunner processRunner)
     : m_tools(std::move(tools))
@@ -118,8 +101,6 @@ QCoro::Task<> AudioEncodingService::encode(TrackEncoding track, ProgressReporter
     std::exception_ptr failure;
     try {
         co_await processRunner.run(ffmpeg, commandLine, onStderrLine, stop);
-        const auto inspection = [track] { throwIfSilent(track); };
-        co_await inBackground(inspection);
     } catch (const std::system_error &) {
         // ffmpeg couldn't be started, so what lies at the output is the user's file from before.
         throw;

@@ -57,7 +57,8 @@ QString durationText(EncodingLog::Duration duration)
 
 QString minutesAndSeconds(double wholeSeconds)
 {
-    const double minutes = std::trunc(wholeSeconds / secondsPerMinute);
+    // Adding nothing makes a zero of a negative zero, which would show its sign.
+    const double minutes = std::trunc(wholeSeconds / secondsPerMinute) + 0.0;
     const auto seconds = static_cast<qint64>(std::fmod(wholeSeconds, secondsPerMinute));
     return fixedPoint(minutes, 0) + u':' + padded(seconds, 2);
 }

@@ -28,7 +28,9 @@ void setUp(QFileDialog &dialog, const OpenPanelRequest &request)
     }
     dialog.setFileMode(QFileDialog::ExistingFile);
     // Names on Linux are case-sensitive, the extension isn't.
-    dialog.setNameFilter(u"*.%1 *.%2"_s.arg(request.extension, request.extension.toUpper()));
+    const QString lower = request.extension.toLower();
+    const QString capitalised = lower.left(1).toUpper() + lower.mid(1);
+    dialog.setNameFilter(u"*.%1 *.%2 *.%3"_s.arg(lower, lower.toUpper(), capitalised));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <QEventLoop>
 #include <QMetaObject>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <utility>
@@ -16,11 +17,12 @@ namespace {
 // The parameters live in the coroutine's frame, and with them everything that the body captured.
 QCoro::Task<> drive(TaskScope::Body body, TaskHandle handle, std::function<void()> ended)
 {
+    // However the body ends, the scope must not wait for it any longer.
+    const auto guard = qScopeGuard(ended);
     try {
         co_await body(handle.stopToken());
     } catch (const CancellationError &) { // NOLINT(bugprone-empty-catch): a quiet end
     }
-    ended();
 }
 
 } // namespace

@@ -19,7 +19,8 @@ QCoro::Task<QByteArray> probe(ProcessRunner processRunner, QUrl toolURL, std::st
     QString reason;
     try {
         const QStringList arguments{u"-hide_banner"_s, u"-version"_s};
-        const ProcessRunner::RunResult result = co_await processRunner.run(toolURL, arguments, {}, stop);
+        const ProcessRunner::LineCallback noLines;
+        const ProcessRunner::RunResult result = co_await processRunner.run(toolURL, arguments, noLines, stop);
         co_return result.stdoutBytes + result.stderrBytes;
     } catch (const CancellationError &) {
         reason = u"The check was cancelled."_s;

@@ -152,7 +152,7 @@ public:
     void loadFile(const QUrl &url);
     /// Empties the window for the next job.
     void clearInputs();
-    /// `index` is the chapter's place in `chapters`.
+    /// `index` is the chapter's place in `chapters`; one that isn't there is ignored.
     void setMappedTitle(qsizetype index, const QString &title);
     void resetToSourceTitles();
 
@@ -210,6 +210,8 @@ private:
     // Receives what other threads post to the model.
     QObject m_context;
     QProperty<bool> m_isClosing;
+    // A second press meanwhile changes nothing.
+    bool m_isLookingForOverwrites = false;
     // Last, so that the tasks end while all else is still there.
     TaskScope m_tasks;
 };

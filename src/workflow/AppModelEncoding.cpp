@@ -7,6 +7,7 @@
 #include "workflow/EncodingJob.h"
 
 #include <QDateTime>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -42,8 +43,9 @@ QList<EncodingLog::Entry> entriesFor(const QList<ChapterInfo> &chapters)
 void AppModel::startEncoding()
 {
     const std::optional<QUrl> destination = destinationFolder();
-    if (!canEncode() || !destination)
+    if (!canEncode() || !destination || m_isLookingForOverwrites)
         return;
+    m_isLookingForOverwrites = true;
     m_tasks.start(
         [this, folder = *destination](std::stop_token stop) { return checkForOverwrites(folder, stop); });
 }
@@ -52,6 +54,7 @@ void AppModel::startEncoding()
 // what was true before is asked again after, and titles that were edited are looked up again.
 QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token stop)
 {
+    const auto over = qScopeGuard([this] { m_isLookingForOverwrites = false; });
     const std::optional<QUrl> source = inputFileURL.value();
     QList<ChapterInfo> units;
     QList<QUrl> existing;

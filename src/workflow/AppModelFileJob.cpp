@@ -73,7 +73,7 @@ QCoro::Task<> AppModel::encodeChapters(std::shared_ptr<EncodingJob> job, std::st
 
         const Clock::time_point start = Clock::now();
         const TrackEncoding track = trackOf(*job, index, encoder.outputFilename(title, index + 1));
-        const auto report = [this, index, count, title](double fraction) {
+        const ProgressReporter::Callback report = [this, index, count, title](double fraction) {
             const EncodingProgress progress = EncodingProgress::within(index, count, title, fraction);
             QMetaObject::invokeMethod(
                 &m_context, [this, progress] { publish(progress); }, Qt::QueuedConnection);
@@ -120,9 +120,9 @@ void AppModel::completeJob(const EncodingJob &job)
     encodedFiles = job.outputs;
     lastOutputFolder = job.destination;
     encodingProgress = 1;
+    currentState = WorkflowState::Kind::complete;
     const QString tracks = job.outputs.size() == 1 ? u"1 track"_s : u"%1 tracks"_s.arg(job.outputs.size());
     progressMessage = u"Encoded %1 to %2."_s.arg(tracks, lastPathComponent(job.destination));
-    currentState = WorkflowState::Kind::complete;
     EncodingCompletion finished;
     finished.fileCount = job.outputs.size();
     completion = finished;

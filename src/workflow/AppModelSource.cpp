@@ -145,8 +145,8 @@ void AppModel::showInspection(const SourceInspection &inspection)
 {
     chapters = inspection.chapters;
     sourceAudio = inspection.audioStream;
-    progressMessage = foundMessage(inspection.chapters.size());
     currentState = WorkflowState::Kind::awaitingUserMapping;
+    progressMessage = foundMessage(inspection.chapters.size());
 }
 
 void AppModel::showInspectionFailure(const std::exception_ptr &error)
@@ -173,6 +173,8 @@ void AppModel::clearInputs()
 void AppModel::setMappedTitle(qsizetype index, const QString &title)
 {
     QList<ChapterInfo> edited = chapters.value();
+    if (index < 0 || index >= edited.size())
+        return;
     edited[index].mappedTitle = title;
     chapters = edited;
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/AudioEncodingService.h"
 
-#include "encoding/AudioEncodingError.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Media.h"
@@ -64,16 +63,8 @@ QCoro::Task<> encoding(const StandInTools &tools, const TrackEncoding &track, st
     return AudioEncodingService(tools.location()).encode(track, nullptr, std::move(stop));
 }
 
-// The output is ffmpeg's last argument. These leave a part of one, nothing in it, and the heads of FLAC
-// files that tell of no sample and of one.
+// Leaves a part of the output, which is ffmpeg's last argument.
 constexpr auto writePart = R"(for last; do :; done; echo part > "$last"; )";
-constexpr auto writeNothing = R"(for last; do :; done; : > "$last"; )";
-constexpr auto writeNoSound = R"(for last; do :; done
-head -c 34 /dev/zero | { printf 'fLaC\200\000\000\042'; cat; } > "$last"
-)";
-constexpr auto writeSound = R"(for last; do :; done
-{ printf 'fLaC\200\000\000\042'; head -c 17 /dev/zero; printf '\001'; head -c 16 /dev/zero; } > "$last"
-)";
 
 // How many frames from `frame` a part lies in the whole, looking `tolerance` frames each way; -1 if nowhere.
 qsizetype framesAway(const QByteArray &part, const QByteArray &whole, qsizetype frame, qsizetype frameBytes,
@@ -354,7 +345,7 @@ TEST(EncodeTrackRun, GivesFfmpegTheArgumentsOfTheTrack)
 {
     StandInTools tools;
     tools.add(u"ffmpeg"_s,
-              QByteArray(writeSound) + R"(for item; do printf '%s\n' "$item" >> "$here/arguments"; done)");
+              R"(for item; do printf '%s\n' "$item" >> "$here/arguments"; done)");
     const TrackEncoding track = trackIn(tools);
     test::await(encoding(tools, track));
     EXPECT_EQ(QString::fromUtf8(test::readFile(tools.path(u"arguments"_s))),
@@ -365,35 +356,12 @@ TEST(EncodeTrackRun, TurnsProgressLinesIntoFractions)
 {
     StandInTools tools;
     tools.add(u"ffmpeg"_s,
-              QByteArray(writeSound) + R"(printf 'out_time_us=N/A\nout_time=00:00:02.5\rout_time_us=5000000\nprogress=end' >&2
+              R"(printf 'out_time_us=N/A\nout_time=00:00:02.5\rout_time_us=5000000\nprogress=end' >&2
                               printf '\nout_time=00:00:11' >&2)");
     std::vector<double> fractions;
     test::await(AudioEncodingService(tools.location())
                     .encode(trackIn(tools), [&](double fraction) { fractions.push_back(fraction); }, {}));
     EXPECT_THAT(fractions, testing::ElementsAre(0.25, 0.5, 1.0));
-}
-
-TEST(EncodeTrackRun, CallsATrackWithoutSoundAFailureAndRemovesIt)
-{
-    for (const auto *const leaves : {writePart, writeNothing, writeNoSound, "true"}) {
-        StandInTools tools;
-        tools.add(u"ffmpeg"_s, leaves);
-        const TrackEncoding track = trackIn(tools);
-        EXPECT_EQ(test::awaitError<AudioEncodingError>(encoding(tools, track)),
-                  AudioEncodingError::silentTrack(track.output))
-            << leaves;
-        EXPECT_FALSE(hasOutput(track));
-    }
-}
-
-TEST(EncodeTrackRun, AllowsAChapterOfNoLengthToHoldNothing)
-{
-    StandInTools tools;
-    tools.add(u"ffmpeg"_s, writeNoSound);
-    TrackEncoding track = trackIn(tools);
-    track.chapter.endSeconds = track.chapter.startSeconds;
-    test::await(encoding(tools, track));
-    EXPECT_TRUE(hasOutput(track));
 }
 
 TEST(EncodeTrackRun, RemovesThePartThatAFailedRunLeaves)

@@ -73,14 +73,6 @@ TEST(AudioEncodingError, TellsThatAFolderCantBeWritten)
     EXPECT_EQ(error.recoverySuggestion(), u"Choose a different output folder."_s);
 }
 
-TEST(AudioEncodingError, TellsThatATrackHasNoSound)
-{
-    const auto error = AudioEncodingError::silentTrack(QUrl::fromLocalFile(u"/music/03-Song.flac"_s));
-    EXPECT_EQ(error.description(), u"\"03-Song.flac\" came out without any sound."_s);
-    EXPECT_EQ(error.recoverySuggestion(), u"The source is damaged there or shorter than its chapters say. Check "
-                                          u"that it plays to its end."_s);
-}
-
 TEST(AudioEncodingError, CountsTheTracksWithoutATitle)
 {
     EXPECT_EQ(AudioEncodingError::untitledChapters(1).description(), u"One track still needs a title."_s);

@@ -62,6 +62,7 @@ Banner::Banner(const BannerLook &look, QWidget *parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_content->setContentsMargins(look.padding);
     m_fade->setEnabled(false);
+    m_fade->setOpacity(0);
     m_panel->setGraphicsEffect(m_fade);
     m_animation.setDuration(durationMilliseconds);
     m_animation.setStartValue(0.0);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QCoreApplication>
 #include <QObject>
 #include <QProperty>
 #include <QStringBuilder>
@@ -30,6 +31,40 @@ concept BindableValue = std::movable<Value> && !detail::isStringBuilder<Value>;
 
 namespace detail {
 
+// The derived value. It outlives its binding for a moment: one that is destroyed while a property that
+// it reads is still telling its followers of a change is never freed by Qt 6.4.
+template <typename Value> class DerivedValue final : public QObject
+{
+public:
+    template <typename Getter> explicit DerivedValue(Getter getter)
+    {
+        m_value.setBinding([this, get = std::move(getter)]() mutable -> std::optional<Value> {
+            return m_retired ? std::nullopt : std::optional<Value>(get());
+        });
+    }
+
+    // Asked for only while the binding stands, which always leaves a value.
+    const Value &value() const { return m_value.valueBypassingBindings().value(); }
+
+    template <typename Handler> QPropertyNotifier onChange(Handler handler)
+    {
+        return m_value.addNotifier(handler);
+    }
+
+    // From now on the getter, and what it refers to, is left alone.
+    void retire()
+    {
+        m_retired = true;
+        setParent(QCoreApplication::instance());
+        deleteLater();
+    }
+
+private:
+    bool m_retired = false;
+    // Optional, so that a value without a default will do.
+    QProperty<std::optional<Value>> m_value;
+};
+
 template <typename Target, typename Value, typename Setter> class Binding final : public QObject
 {
 public:
@@ -37,21 +72,23 @@ public:
     Binding(Target *target, Getter getter, Setter setter)
         : QObject(target)
         , m_setter(std::move(setter))
+        , m_derived(new DerivedValue<Value>(std::move(getter)))
+        , m_notifier(m_derived->onChange([this] { apply(); }))
     {
-        m_value.setBinding([get = std::move(getter)]() mutable -> std::optional<Value> { return get(); });
         apply();
-        m_notifier.emplace(m_value.addNotifier([this] { apply(); }));
     }
+
+    ~Binding() override { m_derived->retire(); }
 
 private:
     void apply()
     {
         // While a target is destroyed its children, this object too, still live for a moment, but the
         // target has ceased to be what it was.
-        Target *target = dynamic_cast<Target *>(parent());
+        auto *target = dynamic_cast<Target *>(parent());
         if (!target)
             return;
-        const Value value = *m_value.valueBypassingBindings();
+        const Value value = m_derived->value();
         if constexpr (std::is_invocable_v<Setter &, Target *, const Value &>)
             std::invoke(m_setter, target, value);
         else
@@ -59,9 +96,8 @@ private:
     }
 
     Setter m_setter;
-    // Optional, so that a value without a default will do.
-    QProperty<std::optional<Value>> m_value;
-    std::optional<QPropertyNotifier> m_notifier;
+    DerivedValue<Value> *m_derived;
+    QPropertyNotifier m_notifier;
 };
 
 } // namespace detail

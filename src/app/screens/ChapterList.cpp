@@ -44,7 +44,10 @@ ChapterList::ChapterList(QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
-    viewport()->setAutoFillBackground(false);
+    // A ground of its own, so that Qt can scroll what is drawn already. Not that of text boxes, from
+    // which those in the rows have to stand out.
+    viewport()->setBackgroundRole(QPalette::Window);
+    viewport()->setAutoFillBackground(true);
     // Children are read out in their order.
     m_header->lower();
     measure();
@@ -88,8 +91,7 @@ bool ChapterList::focusNextPrevChild(bool next)
 {
     const std::optional<int> row = focusedRow();
     const int target = row.value_or(0) + (next ? 1 : -1);
-    // Asked too when the table is being disabled, when no other row is a way out.
-    if (!row || !isEnabled() || target < 0 || target >= m_rows.size())
+    if (!row || target < 0 || target >= m_rows.size())
         return leave(next);
     focusRow(target, next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
@@ -120,8 +122,8 @@ void ChapterList::focusInEvent(QFocusEvent *event)
 void ChapterList::keyPressEvent(QKeyEvent *event)
 {
     const std::optional<int> row = focusedRow();
-    const std::optional<RowMove> move = row ? rowMove(*event) : std::nullopt;
-    if (!move)
+    const std::optional<RowMove> move = rowMove(*event);
+    if (!row || !move)
         return event->ignore();
     const int page = std::max(1, viewport()->height() / m_rowHeight - 1);
     const int target = rowAfter(*move, *row, rowCount(), page);
@@ -138,8 +140,9 @@ void ChapterList::resizeEvent(QResizeEvent *event)
     layoutRows();
 }
 
-void ChapterList::scrollContentsBy(int /*dx*/, int /*dy*/)
+void ChapterList::scrollContentsBy(int /*dx*/, int dy)
 {
+    viewport()->scroll(0, dy);
     layoutRows();
 }
 

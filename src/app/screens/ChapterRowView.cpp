@@ -50,7 +50,7 @@ int ChapterRowView::heightIn(QWidget *list)
 void ChapterRowView::showRow(int index, const ChapterTableRow &row)
 {
     m_index = index;
-    showTexts(row);
+    showTexts(row, QPalette::WindowText);
     // Even where the text is the same: what can be undone belongs to the row shown before.
     m_songTitle->setText(row.songTitle);
     m_songTitle->setCursorPosition(0);
@@ -62,7 +62,7 @@ void ChapterRowView::showRow(int index, const ChapterTableRow &row)
 void ChapterRowView::showPlaceholder(int index)
 {
     m_index = index;
-    showTexts({QString::number(index + 1), u"—"_s, u"—"_s, QString()});
+    showTexts({QString::number(index + 1), u"—"_s, u"—"_s, QString()}, QPalette::PlaceholderText);
     m_songTitle->hide();
     setAccessibleName(QString());
 }
@@ -114,8 +114,10 @@ QRect ChapterRowView::place(ChapterColumn column) const
     return m_columns.place(column, rect().marginsRemoved(rowPadding), layoutDirection());
 }
 
-void ChapterRowView::showTexts(const ChapterTableRow &row)
+void ChapterRowView::showTexts(const ChapterTableRow &row, QPalette::ColorRole role)
 {
+    for (QLabel *label : {m_number, m_sourceTitle, m_length})
+        label->setForegroundRole(role);
     m_number->setText(row.number);
     m_sourceTitle->setText(row.sourceTitle);
     m_length->setText(row.length);

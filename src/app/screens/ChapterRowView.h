@@ -48,7 +48,7 @@ protected:
 
 private:
     QRect place(ChapterColumn column) const;
-    void showTexts(const ChapterTableRow &row);
+    void showTexts(const ChapterTableRow &row, QPalette::ColorRole role);
 
     const ChapterColumns &m_columns;
     ElidedLabel *m_number;

@@ -42,6 +42,8 @@ DropWell::DropWell(const QString &accessibleName, OnDrop onDrop, QWidget *parent
     setAccessibleRole(this, QAccessible::Grouping);
     setAcceptDrops(true);
     setFixedHeight(height);
+    // However long a name, wells side by side share their room evenly.
+    m_label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     m_label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(padding, 0, padding, 0);

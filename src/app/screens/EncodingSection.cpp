@@ -13,6 +13,8 @@
 #include <QLabel>
 #include <QProgressBar>
 
+#include <utility>
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -43,34 +45,34 @@ bool EncodingSection::isRunning() const
 void EncodingSection::addButtons()
 {
     auto *row = new QHBoxLayout;
-    row->addWidget(makeEncodeButton());
-    row->addWidget(makeCancelButton());
+    addJobButtons(row);
     row->addStretch(1);
     row->addWidget(makeShowButton());
     row->addWidget(makeClearButton());
     content()->addLayout(row);
 }
 
-QPushButton *EncodingSection::makeEncodeButton()
+void EncodingSection::addJobButtons(QHBoxLayout *row)
 {
-    auto *button = new ProminentButton(u"Encode to FLAC"_s, this);
-    connect(button, &QPushButton::clicked, this, [this] { m_model.startEncoding(); });
+    auto *encode = new ProminentButton(u"Encode to FLAC"_s, this);
+    connect(encode, &QPushButton::clicked, this, [this] { m_model.startEncoding(); });
+    auto *cancel = new QPushButton(u"Cancel"_s, this);
+    connect(cancel, &QPushButton::clicked, this, [this] { m_model.cancelEncoding(); });
+    row->addWidget(encode);
+    row->addWidget(cancel);
     bind(
-        button, [this] { return m_model.canEncode(); },
-        [](QPushButton *shown, bool enabled) {
-            shown->setEnabled(enabled);
-            shown->setIcon(icon(IconName::encode, enabled ? Tone::onAccent : Tone::text));
+        this, [this] { return std::pair(m_model.canEncode(), isRunning()); },
+        [encode, cancel](std::pair<bool, bool> state) {
+            const auto [ready, running] = state;
+            const QWidget *focused = encode->window()->focusWidget();
+            const bool hadFocus = focused == encode || focused == cancel;
+            encode->setEnabled(ready);
+            encode->setIcon(icon(IconName::encode, ready ? Tone::onAccent : Tone::text));
+            cancel->setVisible(running);
+            // Whoever works by keyboard stays with the job.
+            if (hadFocus)
+                (running ? cancel : encode)->setFocus();
         });
-    return button;
-}
-
-QPushButton *EncodingSection::makeCancelButton()
-{
-    auto *button = new QPushButton(u"Cancel"_s, this);
-    connect(button, &QPushButton::clicked, this, [this] { m_model.cancelEncoding(); });
-    bind(
-        button, [this] { return isRunning(); }, &QWidget::setVisible);
-    return button;
 }
 
 QPushButton *EncodingSection::makeShowButton()

@@ -3,6 +3,7 @@
 
 #include "app/screens/SectionBox.h"
 
+class QHBoxLayout;
 class QPushButton;
 
 namespace tonearm {
@@ -19,8 +20,7 @@ public:
 
 private:
     void addButtons();
-    QPushButton *makeEncodeButton();
-    QPushButton *makeCancelButton();
+    void addJobButtons(QHBoxLayout *row);
     QPushButton *makeShowButton();
     QPushButton *makeClearButton();
     void addProgressBar();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/FFmpegBanner.h"
 
+#include "app/screens/Announcement.h"
 #include "app/screens/Bind.h"
 #include "app/screens/IconLabel.h"
 #include "app/screens/Spinner.h"
@@ -38,30 +39,45 @@ QString explanationOf(const AppModel &model)
 FFmpegBanner::FFmpegBanner(AppModel &model, QWidget *parent)
     : Banner({.tone = Tone::warning}, parent)
     , m_model(model)
+    , m_title(new IconLabel(IconName::warning, Tone::warning))
 {
     auto *row = new QHBoxLayout;
     row->addWidget(makeText(), 1);
     row->addWidget(makeCheckAgain());
     content()->addLayout(row);
+    bind(
+        this, [this] { return message(); }, &FFmpegBanner::showMessage);
+}
 
-    bind(
-        this, [&model] { return isMissing(model) || model.didJustFindFFmpeg.value(); }, &Banner::setShown);
-    bind(
-        this, [&model] { return isMissing(model) ? Tone::warning : Tone::success; }, &Banner::setTone);
+FFmpegBanner::Message FFmpegBanner::message() const
+{
+    if (isMissing(m_model))
+        return Message::missing;
+    return m_model.didJustFindFFmpeg.value() ? Message::found : Message::none;
+}
+
+// What leaves keeps its words until it is gone.
+void FFmpegBanner::showMessage(Message message)
+{
+    if (message == Message::none) {
+        setShown(false);
+        return;
+    }
+    const bool isFound = message == Message::found;
+    const Tone tone = isFound ? Tone::success : Tone::warning;
+    setTone(tone);
+    m_title->setIcon(isFound ? IconName::success : IconName::warning, tone);
+    m_title->setText(isFound ? u"Audio tools are ready"_s : u"Tonearm's audio tools are missing"_s);
+    m_title->setAccessibleName(m_title->text());
+    setShown(true);
+    announce(m_title);
 }
 
 QWidget *FFmpegBanner::makeText()
 {
     auto *text = new QWidget;
-    auto *title = new IconLabel(IconName::warning, Tone::warning, text);
-    applyTextStyle(title, TextStyle::emphasised);
-    bind(
-        title, [this] { return isMissing(m_model); },
-        [](IconLabel *label, bool missing) {
-            label->setIcon(missing ? IconName::warning : IconName::success,
-                           missing ? Tone::warning : Tone::success);
-            label->setText(missing ? u"Tonearm's audio tools are missing"_s : u"Audio tools are ready"_s);
-        });
+    applyTextStyle(m_title, TextStyle::emphasised);
+    makeAnnouncer(m_title);
 
     auto *explanation = new QLabel(text);
     explanation->setWordWrap(true);
@@ -73,7 +89,7 @@ QWidget *FFmpegBanner::makeText()
     auto *column = new QVBoxLayout(text);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
-    column->addWidget(title);
+    column->addWidget(m_title);
     column->addWidget(explanation);
     return text;
 }

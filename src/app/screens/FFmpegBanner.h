@@ -6,6 +6,7 @@
 namespace tonearm {
 
 class AppModel;
+class IconLabel;
 
 /// Says that the audio tools are missing, and for a moment that they have been found again.
 class FFmpegBanner : public Banner
@@ -16,10 +17,15 @@ public:
     explicit FFmpegBanner(AppModel &model, QWidget *parent = nullptr);
 
 private:
+    enum class Message { none, missing, found };
+
     QWidget *makeText();
     QWidget *makeCheckAgain();
+    Message message() const;
+    void showMessage(Message message);
 
     AppModel &m_model;
+    IconLabel *m_title;
 };
 
 } // namespace tonearm

@@ -110,7 +110,7 @@ void FileSelectionSection::addPaths()
     paths->addWidget(output);
 
     auto *saving = new PathRow(u"Saving To:"_s, this);
-    saving->setIcon(IconName::folderAdd);
+    saving->addIcon(IconName::folderAdd);
     bind(
         saving, [this] { return m_model.destinationSubpath(); },
         [](PathRow *row, const std::optional<QString> &subpath) {

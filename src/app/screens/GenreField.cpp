@@ -34,10 +34,13 @@ GenreField::GenreField(AppModel &model, const GenreCatalog &genres, QWidget *par
     setFocusProxy(box);
 
     auto *menu = new QMenu(this);
-    connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillMenu(menu); });
+    menu->setAccessibleName(u"Default genres"_s);
     auto *button = new QToolButton(this);
-    button->setMenu(menu);
-    button->setPopupMode(QToolButton::InstantPopup);
+    // Not the button's own menu: that one would hold up whoever pressed the button until it closes.
+    connect(button, &QToolButton::clicked, this, [this, menu, button] {
+        fillMenu(menu);
+        menu->popup(button->mapToGlobal(QPoint(0, button->height())));
+    });
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::StrongFocus);
     button->setFixedWidth(menuWidth);

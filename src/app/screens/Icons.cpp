@@ -128,13 +128,14 @@ private:
 void paintIcon(QPainter &painter, const QRectF &area, IconName name, const QColor &colour)
 {
     const double side = qMin(area.width(), area.height());
-    const double scale = painter.device()->devicePixelRatio();
-    QPixmap pixmap = rendered(name, colour, qMax(1, qRound(side * scale)));
-    pixmap.setDevicePixelRatio(scale);
     QRectF square(0, 0, side, side);
     square.moveCenter(area.center());
     // Off the device's pixels the drawing would blur.
-    const QPointF corner(qRound(square.x() * scale) / scale, qRound(square.y() * scale) / scale);
+    const QTransform toDevice = painter.deviceTransform();
+    const double scale = toDevice.m11();
+    const QPointF corner = toDevice.inverted().map(QPointF(toDevice.map(square.topLeft()).toPoint()));
+    QPixmap pixmap = rendered(name, colour, qMax(1, qRound(side * scale)));
+    pixmap.setDevicePixelRatio(scale);
     const double opacity = painter.opacity();
     painter.setOpacity(opacity * colour.alphaF());
     painter.drawPixmap(corner, pixmap);

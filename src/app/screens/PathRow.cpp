@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/PathRow.h"
 
+#include "app/screens/IconView.h"
 #include "app/screens/TextStyle.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,7 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int labelWidth = 100;
-constexpr int iconSide = 16;
 constexpr int gap = 8;
 
 // Looks like a label; unlike one it never asks for more width than there is.
@@ -23,8 +24,6 @@ QLineEdit *makeSelectableText(QWidget *parent)
     auto *text = new QLineEdit(parent);
     text->setReadOnly(true);
     text->setFrame(false);
-    text->setTextMargins(0, 0, 0, 0);
-    text->setStyleSheet(u"QLineEdit { background: transparent; }"_s);
     return text;
 }
 
@@ -32,39 +31,48 @@ QLineEdit *makeSelectableText(QWidget *parent)
 
 PathRow::PathRow(const QString &label, QWidget *parent)
     : QWidget(parent)
-    , m_label(new QLabel(label, this))
-    , m_icon(new QLabel(this))
+    , m_row(new QHBoxLayout(this))
     , m_path(makeSelectableText(this))
 {
-    m_label->setFixedWidth(labelWidth);
-    applyTextStyle(m_label, TextStyle::emphasised);
-    m_label->setBuddy(m_path);
-    m_icon->setVisible(false);
+    auto *name = new QLabel(label, this);
+    name->setFixedWidth(labelWidth);
+    applyTextStyle(name, TextStyle::emphasised);
+    name->setBuddy(m_path);
     m_path->setAccessibleName(label);
 
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(gap);
-    row->addWidget(m_label);
-    row->addWidget(m_icon);
-    row->addWidget(m_path, 1);
+    m_row->setContentsMargins(0, 0, 0, 0);
+    m_row->setSpacing(gap);
+    m_row->addWidget(name);
+    m_row->addWidget(m_path, 1);
     setPath(std::nullopt);
 }
 
-void PathRow::setIcon(IconName name)
+void PathRow::addIcon(IconName name)
 {
-    m_icon->setPixmap(icon(name).pixmap(QSize(iconSide, iconSide), devicePixelRatioF()));
-    m_icon->setVisible(true);
+    m_row->insertWidget(1, new IconView(name, Tone::text, this));
 }
 
 void PathRow::setPath(const std::optional<QString> &path)
 {
+    m_isSet = path.has_value();
     m_path->setText(path.value_or(u"Not selected"_s));
     m_path->setCursorPosition(0);
-    m_path->setToolTip(path.value_or(QString()));
+    m_path->setToolTip(path.value_or(QString()).toHtmlEscaped());
+    updateColours();
+}
+
+void PathRow::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        updateColours();
+}
+
+void PathRow::updateColours()
+{
     QPalette colours;
-    if (!path)
-        colours.setBrush(QPalette::Text, palette().brush(QPalette::PlaceholderText));
+    colours.setColor(QPalette::Base, Qt::transparent);
+    colours.setColor(QPalette::Text, toneColour(m_isSet ? Tone::text : Tone::secondary, palette()));
     m_path->setPalette(colours);
 }
 

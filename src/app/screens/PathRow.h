@@ -7,7 +7,7 @@
 
 #include <optional>
 
-class QLabel;
+class QHBoxLayout;
 class QLineEdit;
 
 namespace tonearm {
@@ -21,16 +21,21 @@ class PathRow : public QWidget
 public:
     explicit PathRow(const QString &label, QWidget *parent = nullptr);
 
-    /// Puts an icon in front of the path.
-    void setIcon(IconName name);
+    /// Puts an icon in front of the path. To be called once.
+    void addIcon(IconName name);
 
     /// Without a path the row says that nothing is selected.
     void setPath(const std::optional<QString> &path);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
-    QLabel *m_label;
-    QLabel *m_icon;
+    void updateColours();
+
+    QHBoxLayout *m_row;
     QLineEdit *m_path;
+    bool m_isSet = false;
 };
 
 } // namespace tonearm

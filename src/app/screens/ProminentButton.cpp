@@ -1,36 +1,56 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/ProminentButton.h"
 
-#include <QApplication>
-#include <QEvent>
+#include "app/screens/Contrast.h"
+
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace tonearm {
+
+namespace {
+
+constexpr double cornerRadius = 4;
+constexpr double focusRingWidth = 2;
+
+QColor groundOf(const QStyleOptionButton &option, const QColor &text)
+{
+    const QColor ground = legibleGround(option.palette.color(QPalette::Active, QPalette::Highlight), text);
+    if (option.state & QStyle::State_Sunken)
+        return strengthened(strengthened(ground, text), text);
+    return option.state & QStyle::State_MouseOver ? strengthened(ground, text) : ground;
+}
+
+} // namespace
 
 ProminentButton::ProminentButton(const QString &text, QWidget *parent)
     : QPushButton(text, parent)
 {
-    updateColours();
 }
 
-void ProminentButton::changeEvent(QEvent *event)
+// Styles lighten a button's ground by as much as they please, and the text on it isn't legible then.
+void ProminentButton::paintEvent(QPaintEvent *event)
 {
-    QPushButton::changeEvent(event);
-    const bool matters = event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange;
-    if (matters && !m_isUpdating)
-        updateColours();
-}
-
-void ProminentButton::updateColours()
-{
-    m_isUpdating = true;
-    QPalette colours;
-    if (isEnabled()) {
-        const QPalette all = QApplication::palette();
-        colours.setBrush(QPalette::Button, all.brush(QPalette::Active, QPalette::Highlight));
-        colours.setBrush(QPalette::ButtonText, all.brush(QPalette::Active, QPalette::HighlightedText));
+    if (!isEnabled()) {
+        QPushButton::paintEvent(event);
+        return;
     }
-    setPalette(colours);
-    m_isUpdating = false;
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QColor text = palette().color(QPalette::Active, QPalette::HighlightedText);
+
+    QStylePainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(groundOf(option, text));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+    if (option.state & QStyle::State_HasFocus) {
+        painter.setPen(QPen(palette().color(QPalette::WindowText), focusRingWidth));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+    }
+    option.palette.setColor(QPalette::ButtonText, text);
+    painter.drawControl(QStyle::CE_PushButtonLabel, option);
 }
 
 } // namespace tonearm

@@ -5,7 +5,8 @@
 
 namespace tonearm {
 
-/// The one button that a section is there for, in the accent colour while it is enabled.
+/// The one button that a section is there for. While it is enabled its ground is in the accent colour,
+/// as deep as its text needs; disabled it looks like any other.
 class ProminentButton : public QPushButton
 {
     Q_OBJECT
@@ -14,12 +15,7 @@ public:
     explicit ProminentButton(const QString &text, QWidget *parent = nullptr);
 
 protected:
-    void changeEvent(QEvent *event) override;
-
-private:
-    void updateColours();
-
-    bool m_isUpdating = false;
+    void paintEvent(QPaintEvent *event) override;
 };
 
 } // namespace tonearm

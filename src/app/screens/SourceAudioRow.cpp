@@ -3,6 +3,7 @@
 
 #include "app/screens/AccessibleRole.h"
 #include "app/screens/AudioQualityMark.h"
+#include "app/screens/IconView.h"
 #include "app/screens/TextStyle.h"
 
 #include <QGridLayout>
@@ -21,11 +22,10 @@ constexpr int gap = 8;
 
 SourceAudioRow::SourceAudioRow(QWidget *parent)
     : QWidget(parent)
-    , m_badge(new QLabel(this))
+    , m_badge(new IconView(IconName::cdBadge, Tone::text, this, badgeSide))
     , m_summary(new QLabel(this))
     , m_note(new QLabel(this))
 {
-    m_badge->setFixedSize(badgeSide, badgeSide);
     applyTextStyle(m_summary, TextStyle::emphasised);
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     applyTextStyle(m_note, TextStyle::smallSecondary);
@@ -49,7 +49,7 @@ void SourceAudioRow::setAudio(const std::optional<AudioStreamInfo> &audio)
     if (!audio)
         return;
     const AudioQualityMark mark = audioQualityMark(*audio);
-    m_badge->setPixmap(icon(mark.icon, mark.tone).pixmap(m_badge->size(), devicePixelRatioF()));
+    m_badge->setIcon(mark.icon, mark.tone);
     m_badge->setAccessibleName(mark.word);
     m_summary->setText(audio->summaryLine());
     m_note->setText(audio->qualityNote());

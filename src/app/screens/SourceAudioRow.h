@@ -11,6 +11,8 @@ class QLabel;
 
 namespace tonearm {
 
+class IconView;
+
 /// What the source's audio is, and what encoding it to FLAC means. Hidden without a source.
 class SourceAudioRow : public QWidget
 {
@@ -22,7 +24,7 @@ public:
     void setAudio(const std::optional<AudioStreamInfo> &audio);
 
 private:
-    QLabel *m_badge;
+    IconView *m_badge;
     QLabel *m_summary;
     QLabel *m_note;
 };

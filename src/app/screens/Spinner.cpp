@@ -19,6 +19,9 @@ namespace {
 constexpr int spokes = 8;
 constexpr double fullTurn = 360.0;
 constexpr double faintest = 0.2;
+// Of half the side.
+constexpr double spokeWidth = 0.22;
+constexpr double hub = 0.45;
 
 } // namespace
 
@@ -56,13 +59,14 @@ void Spinner::paintEvent(QPaintEvent * /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(width() / 2.0, height() / 2.0);
     painter.rotate(m_step * fullTurn / spokes);
-    const double outer = qMin(width(), height()) / 2.0 - 1;
+    const double radius = qMin(width(), height()) / 2.0;
+    const double pen = radius * spokeWidth;
     const QColor colour = toneColour(Tone::text, palette());
     for (int spoke = 0; spoke < spokes; ++spoke) {
         // The spoke ahead is the darkest, and each behind it is paler.
         const double strength = faintest + (1 - faintest) * (spokes - 1 - spoke) / (spokes - 1);
-        painter.setPen(QPen(faded(colour, strength), outer / 4, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(QPointF(0, -outer / 2), QPointF(0, -outer));
+        painter.setPen(QPen(faded(colour, strength), pen, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(QPointF(0, -radius * hub), QPointF(0, -radius + pen / 2));
         painter.rotate(-fullTurn / spokes);
     }
 }

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/StatusLine.h"
 
+#include "app/screens/Announcement.h"
 #include "app/screens/Bind.h"
-#include "app/screens/Icons.h"
+#include "app/screens/IconView.h"
 #include "app/screens/Spinner.h"
 #include "workflow/AppModel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+
+#include <utility>
 
 namespace tonearm {
 
@@ -15,14 +18,15 @@ namespace {
 
 using Kind = WorkflowState::Kind;
 
-constexpr int signSide = 16;
 constexpr int gap = 6;
 
-QLabel *makeSign(IconName name, Tone tone, QWidget *parent)
+void showSign(IconView *sign, Spinner *spinner, Kind kind)
 {
-    auto *sign = new QLabel(parent);
-    sign->setPixmap(icon(name, tone).pixmap(QSize(signSide, signSide), parent->devicePixelRatioF()));
-    return sign;
+    const bool failed = kind == Kind::error;
+    const bool rests = failed || kind == Kind::complete;
+    sign->setIcon(failed ? IconName::warning : IconName::success, failed ? Tone::warning : Tone::success);
+    sign->setVisible(rests);
+    spinner->setVisible(!rests);
 }
 
 } // namespace
@@ -30,31 +34,32 @@ QLabel *makeSign(IconName name, Tone tone, QWidget *parent)
 StatusLine::StatusLine(AppModel &model, QWidget *parent)
     : QWidget(parent)
 {
-    QLabel *warning = makeSign(IconName::warning, Tone::warning, this);
-    QLabel *success = makeSign(IconName::success, Tone::success, this);
-    auto *spinner = new Spinner(this, signSide);
+    auto *sign = new IconView(IconName::success, Tone::success, this);
+    auto *spinner = new Spinner(this, IconView::besideText);
     auto *text = new QLabel(this);
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    makeAnnouncer(text);
 
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(gap);
-    for (QWidget *sign :
-         {static_cast<QWidget *>(warning), static_cast<QWidget *>(success), static_cast<QWidget *>(spinner)})
-        row->addWidget(sign, 0, Qt::AlignTop);
+    row->addWidget(sign, 0, Qt::AlignTop);
+    row->addWidget(spinner, 0, Qt::AlignTop);
     row->addWidget(text, 1);
 
     bind(
-        text, [&model] { return model.statusText(); }, &QLabel::setText);
-    bind(
-        this, [&model] { return model.currentState.value().kind(); },
-        [this, warning, success, spinner](Kind kind) {
-            warning->setVisible(kind == Kind::error);
-            success->setVisible(kind == Kind::complete);
-            spinner->setVisible(kind != Kind::error && kind != Kind::complete);
+        this, [&model] { return std::pair(model.currentState.value().kind(), model.statusText()); },
+        [this, sign, spinner, text](const std::pair<Kind, QString> &status) {
+            const auto &[kind, message] = status;
+            const bool isNews = text->text() != message && !message.isEmpty();
+            showSign(sign, spinner, kind);
+            text->setText(message);
+            text->setAccessibleName(message);
             setVisible(kind != Kind::idle);
+            if (isNews && kind != Kind::idle)
+                announce(text);
         });
 }
 

@@ -30,12 +30,18 @@ double relativeSize(TextStyle style)
     Q_UNREACHABLE();
 }
 
+// A font may be sized in pixels, and then has no size in points of its own.
+double pointSize(const QFont &font)
+{
+    return font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+}
+
 // A font with nothing set but what the style changes, so that the rest goes on being inherited.
 QFont styledFont(TextStyle style, const QFont &around)
 {
     QFont font;
     if (relativeSize(style) != 1)
-        font.setPointSizeF(QFontInfo(around).pointSizeF() * relativeSize(style));
+        font.setPointSizeF(pointSize(around) * relativeSize(style));
     if (style == TextStyle::heading || style == TextStyle::emphasised)
         font.setWeight(QFont::DemiBold);
     return font;
