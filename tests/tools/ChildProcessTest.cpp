@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tools/ChildProcess.h"
+
+#include "helpers/Await.h"
+#include "tools/Census.h"
+#include "tools/Scripts.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+
+#include <csignal>
+#include <fstream>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+using test::eventually;
+
+namespace {
+
+ChildProcess launched(const QUrl &program, const QStringList &arguments = {})
+{
+    const FileDescriptor nowhere(::open("/dev/null", O_WRONLY | O_CLOEXEC));
+    return ChildProcess::launch(program.toLocalFile(), arguments, nowhere, nowhere);
+}
+
+// A child that waits for a file and bears the given process number, which has become free. The kernel is
+// asked to number it so; where that isn't allowed, it bears another.
+ChildProcess launchedAs(int number, const QUrl &program)
+{
+    constexpr int tries = 20; // somebody else may be quicker
+    for (int attempt = 1; attempt < tries; ++attempt) {
+        std::ofstream("/proc/sys/kernel/ns_last_pid") << number - 1;
+        ChildProcess child = launched(program);
+        if (test::stateOf(number) != '\0')
+            return child;
+        child.terminate();
+        child.wait();
+    }
+    return launched(program);
+}
+
+} // namespace
+
+TEST(ChildProcess, ReportsTheExitStatus)
+{
+    const test::Scripts scripts;
+    EXPECT_EQ(launched(scripts.add(u"fine"_s, "exit 0")).wait(), 0);
+    EXPECT_EQ(launched(scripts.add(u"failing"_s, "exit 255")).wait(), 255);
+}
+
+TEST(ChildProcess, ReportsTheNumberOfASignalThatEndedIt)
+{
+    const test::Scripts scripts;
+    EXPECT_EQ(launched(scripts.add(u"killed"_s, "kill -KILL $$")).wait(), SIGKILL);
+    EXPECT_EQ(launched(scripts.add(u"hungUp"_s, "kill -HUP $$")).wait(), SIGHUP);
+}
+
+TEST(ChildProcess, RunsUntilItHasExited)
+{
+    const test::Scripts scripts;
+    const ChildProcess child =
+        launched(scripts.add(u"waiting"_s, "until [ -e $here/go ]; do sleep 0.01; done"));
+    EXPECT_TRUE(child.isRunning());
+    scripts.touch(u"go"_s);
+    EXPECT_TRUE(eventually([&] { return !child.isRunning(); }));
+    EXPECT_EQ(child.wait(), 0);
+    EXPECT_FALSE(child.isRunning());
+}
+
+TEST(ChildProcess, IsSentASigtermAndNoOtherSignal)
+{
+    const test::Scripts scripts;
+    const ChildProcess child = launched(scripts.add(u"polite"_s, "trap 'exit 7' TERM\n"
+                                                                 "trap 'exit 8' INT HUP QUIT\n"
+                                                                 "echo $$ > $here/ready\n"
+                                                                 "while :; do sleep 0.01; done"));
+    EXPECT_GT(scripts.numberIn(u"ready"_s), 0);
+    child.terminate();
+    EXPECT_EQ(child.wait(), 7);
+}
+
+TEST(ChildProcess, HitsNobodyWhenItIsTerminatedAfterItsEnd)
+{
+    const test::Scripts scripts;
+    const ChildProcess first = launched(scripts.add(u"first"_s, "echo $$ > $here/first.number"));
+    EXPECT_EQ(first.wait(), 0);
+    const int number = scripts.numberIn(u"first.number"_s);
+
+    const ChildProcess bystander =
+        launchedAs(number, scripts.add(u"bystander"_s, "until [ -e $here/go ]; do sleep 0.01; done"));
+    first.terminate();
+    scripts.touch(u"go"_s);
+    EXPECT_EQ(bystander.wait(), 0);
+}
+
+} // namespace tonearm
