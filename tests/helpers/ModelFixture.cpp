@@ -10,6 +10,15 @@
 #include <QDir>
 #include <QThreadPool>
 
+namespace tonearm {
+
+void PrintTo(const WorkflowState &state, std::ostream *out)
+{
+    *out << "state " << int(state.kind()) << " \"" << state.errorText().toStdString() << '"';
+}
+
+} // namespace tonearm
+
 namespace tonearm::test {
 
 using namespace Qt::StringLiterals;

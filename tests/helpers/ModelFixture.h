@@ -16,6 +16,14 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <ostream>
+
+namespace tonearm {
+
+// GoogleTest's name.
+void PrintTo(const WorkflowState &state, std::ostream *out); // NOLINT(readability-identifier-naming)
+
+} // namespace tonearm
 
 namespace tonearm::test {
 
