@@ -9,6 +9,7 @@
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QProgressBar>
 
@@ -85,7 +86,7 @@ TEST_F(EncodingSectionTest, OffersMoreWithASource)
 TEST_F(EncodingSectionTest, HasItsButtonsInOrder)
 {
     ASSERT_NO_FATAL_FAILURE(startHeldJob());
-    QCoreApplication::processEvents();
+    ShownWindow::settle();
     int before = -1;
     for (const QString &name : {u"Encode to FLAC"_s, u"Cancel"_s, u"Show in Finder"_s, u"Clear"_s}) {
         EXPECT_GT(window.button(name).x(), before) << name.toStdString();
@@ -210,6 +211,15 @@ TEST_F(EncodingSectionTest, ShowsAnErrorAsItStands)
     auto &text = window.find<QLabel>(u"It <b>broke</b>."_s);
     EXPECT_EQ(text.textFormat(), Qt::PlainText);
     EXPECT_TRUE(text.textInteractionFlags() & Qt::TextSelectableByMouse);
+}
+
+TEST_F(EncodingSectionTest, IsReadOutAsItGoes)
+{
+    model.currentState = WorkflowState::error(u"It broke."_s);
+    QAccessibleInterface *text = QAccessible::queryAccessibleInterface(&window.find<QLabel>(u"It broke."_s));
+    EXPECT_EQ(text->role(), QAccessible::Notification);
+    model.currentState = WorkflowState::error(u"It broke again."_s);
+    EXPECT_EQ(text->text(QAccessible::Name), u"It broke again."_s);
 }
 
 } // namespace tonearm

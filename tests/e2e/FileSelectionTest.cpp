@@ -171,7 +171,7 @@ TEST_F(FileSelectionTest, KeepsItsWidthWhateverThePath)
 {
     model.inputFileURL = QUrl::fromLocalFile(u"/music/"_s + QString(250, u'x') + u"/<b>song</b>.mkv"_s);
     model.outputFolderURL = QUrl::fromLocalFile(u"/"_s + QString(250, u'y'));
-    QCoreApplication::processEvents();
+    ShownWindow::settle();
     EXPECT_EQ(window.window().width(), 940);
     EXPECT_NEAR(inputWell().width(), outputWell().width(), 1);
     // The whole of it can be had, and isn't taken for markup.

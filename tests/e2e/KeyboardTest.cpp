@@ -208,7 +208,7 @@ TEST_F(KeyboardTest, ScrollsToWhatHasTheFocus)
     window.window().resize(700, 300);
     for (int step = 0; step < 16; ++step) {
         press(Qt::Key_Tab);
-        QCoreApplication::processEvents();
+        ShownWindow::settle();
         const QWidget *focused = QApplication::focusWidget();
         EXPECT_EQ(focused->visibleRegion().boundingRect(), focused->rect()) << focusedName().toStdString();
     }

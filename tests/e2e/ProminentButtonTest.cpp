@@ -52,7 +52,7 @@ TEST(ProminentButton, CanBeReadOnAnyAccent)
         {QColor::fromRgb(0x308cc6), Qt::white}, {QColor::fromRgb(0x3daee9), Qt::white},
         {QColor::fromRgb(0xffcc00), Qt::white}, {QColor::fromRgb(0xffffff), Qt::white},
         {QColor::fromRgb(0x804000), Qt::black}, {QColor::fromRgb(0x000000), Qt::black},
-        {QColor::fromRgb(0x777777), Qt::black}};
+        {QColor::fromRgb(0x777777), Qt::black}, {QColor::fromRgb(0x909090), QColor::fromRgb(0x808080)}};
     for (const auto &[accent, text] : accents) {
         SCOPED_TRACE(accent.name().toStdString());
         const PaletteScope scope(accented(accent, text));
@@ -76,6 +76,7 @@ TEST(ProminentButton, ShowsThatItIsPressed)
 TEST(ProminentButton, ShowsThatItHasTheFocus)
 {
     QWidget window;
+    const QPushButton first(u"First"_s, &window);
     ProminentButton button(u"Encode to FLAC"_s, &window);
     button.resize(200, 30);
     ASSERT_TRUE(showActive(window));

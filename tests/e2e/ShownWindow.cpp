@@ -82,6 +82,14 @@ void ShownWindow::waitUntilUndisturbed()
         fail(u"the window didn't become active again"_s);
 }
 
+void ShownWindow::settle()
+{
+    // A layout that needs more or less room than before asks the one around it for that by an event.
+    constexpr int deepest = 10;
+    for (int level = 0; level < deepest; ++level)
+        QCoreApplication::processEvents();
+}
+
 ScriptedWindowTest::ScriptedWindowTest(const QList<ChapterMark> &chapters)
     : tools(chapters)
 {

@@ -68,6 +68,9 @@ public:
     /// Waits until the window is the active one, without a dialog.
     void waitUntilUndisturbed();
 
+    /// Lets the layouts come to rest.
+    static void settle();
+
 private:
     GenreCatalog m_genres;
     MainWindow m_window;

@@ -51,11 +51,7 @@ struct WindowPictures : testing::WithParamInterface<bool>, ScriptedWindowTest
     void keep(const QString &state, const QSize &size = {940, 940}, double scale = 1)
     {
         window.window().resize(size);
-        // What slides in comes to rest.
-        const auto *banner = window.window().findChild<FFmpegBanner *>();
-        ASSERT_TRUE(eventually(
-            [&] { return banner->height() == banner->sizeHint().height() || !banner->isVisible(); }));
-        QCoreApplication::processEvents();
+        ShownWindow::settle();
         const QString name =
             u"window-%1-%2x%3-%4"_s.arg(state, QString::number(size.width()), QString::number(size.height()),
                                         GetParam() ? u"dark"_s : u"light"_s);
@@ -120,6 +116,9 @@ TEST_P(WindowPictures, WithoutTools)
     ASSERT_TRUE(QFile::rename(tools.path(u"bin/ffmpeg"_s), tools.path(u"ffmpeg"_s)));
     model.checkFFmpeg();
     window.waitFor(u"Check Again"_s);
+    // It slides in.
+    auto &button = window.button(u"Check Again"_s);
+    ASSERT_TRUE(eventually([&] { return button.visibleRegion().boundingRect() == button.rect(); }));
     keep(u"tools-missing"_s);
     keep(u"tools-missing"_s, {820, 900});
 }

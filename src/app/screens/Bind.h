@@ -6,6 +6,7 @@
 #include <QProperty>
 #include <QStringBuilder>
 
+#include <array>
 #include <concepts>
 #include <functional>
 #include <optional>
@@ -31,6 +32,17 @@ concept BindableValue = std::movable<Value> && !detail::isStringBuilder<Value>;
 
 namespace detail {
 
+// Gives the binding that is being evaluated room for all that its getter may ever read. Qt 6.4 keeps
+// pointers into the list of what a binding reads while it tells of a change; a getter that then read
+// more than before would make the list move away from under them.
+inline void reserveDependencies()
+{
+    constexpr std::size_t mostDependencies = 64;
+    const std::array<QProperty<bool>, mostDependencies> readOnce;
+    for (const QProperty<bool> &property : readOnce)
+        static_cast<void>(property.value());
+}
+
 // The derived value. It outlives its binding for a moment: one that is destroyed while a property that
 // it reads is still telling its followers of a change is never freed by Qt 6.4.
 template <typename Value> class DerivedValue final : public QObject
@@ -39,12 +51,17 @@ public:
     template <typename Getter> explicit DerivedValue(Getter getter)
     {
         m_value.setBinding([this, get = std::move(getter)]() mutable -> std::optional<Value> {
-            return m_retired ? std::nullopt : std::optional<Value>(get());
+            if (m_retired)
+                return std::nullopt;
+            std::optional<Value> value(get());
+            if (!std::exchange(m_hasRoom, true))
+                reserveDependencies();
+            return value;
         });
     }
 
-    // Asked for only while the binding stands, which always leaves a value.
-    const Value &value() const { return m_value.valueBypassingBindings().value(); }
+    // Always there until it is retired.
+    const std::optional<Value> &value() const { return m_value.valueBypassingBindings(); }
 
     template <typename Handler> QPropertyNotifier onChange(Handler handler)
     {
@@ -61,6 +78,7 @@ public:
 
 private:
     bool m_retired = false;
+    bool m_hasRoom = false;
     // Optional, so that a value without a default will do.
     QProperty<std::optional<Value>> m_value;
 };
@@ -86,13 +104,13 @@ private:
         // While a target is destroyed its children, this object too, still live for a moment, but the
         // target has ceased to be what it was.
         auto *target = dynamic_cast<Target *>(parent());
-        if (!target)
+        const std::optional<Value> value = m_derived->value();
+        if (!target || !value)
             return;
-        const Value value = m_derived->value();
         if constexpr (std::is_invocable_v<Setter &, Target *, const Value &>)
-            std::invoke(m_setter, target, value);
+            std::invoke(m_setter, target, *value);
         else
-            std::invoke(m_setter, value);
+            std::invoke(m_setter, *value);
     }
 
     Setter m_setter;

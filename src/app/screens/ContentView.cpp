@@ -2,12 +2,12 @@
 #include "app/screens/ContentView.h"
 
 #include "app/screens/ChapterMappingSection.h"
+#include "app/screens/Divider.h"
 #include "app/screens/EncodingSection.h"
 #include "app/screens/FFmpegBanner.h"
 #include "app/screens/FileSelectionSection.h"
 #include "app/screens/MetadataSearchSection.h"
 
-#include <QFrame>
 #include <QVBoxLayout>
 
 namespace tonearm {
@@ -16,14 +16,6 @@ namespace {
 
 constexpr int gap = 12;
 constexpr int padding = 16;
-
-QFrame *makeDivider()
-{
-    auto *line = new QFrame;
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Sunken);
-    return line;
-}
 
 } // namespace
 
@@ -36,11 +28,11 @@ ContentView::ContentView(AppModel &model, const GenreCatalog &genres, QWidget *p
     layout->setSpacing(gap);
     layout->addWidget(new FFmpegBanner(model));
     layout->addWidget(new FileSelectionSection(model));
-    layout->addWidget(makeDivider());
+    layout->addWidget(new Divider);
     layout->addWidget(new MetadataSearchSection(model, genres));
-    layout->addWidget(makeDivider());
+    layout->addWidget(new Divider);
     layout->addWidget(new ChapterMappingSection(model), 1);
-    layout->addWidget(makeDivider());
+    layout->addWidget(new Divider);
     layout->addWidget(new EncodingSection(model));
 
     setWidget(column);

@@ -43,7 +43,7 @@ QColor legibleGround(const QColor &wanted, const QColor &text)
 QColor strengthened(const QColor &ground, const QColor &text)
 {
     constexpr float share = 0.08F;
-    const float end = luminance(text) > luminance(ground) ? 0 : 1;
+    const float end = contrast(text, Qt::black) > contrast(text, Qt::white) ? 0 : 1;
     const auto nearer = [&](float channel) { return channel + (end - channel) * share; };
     return QColor::fromRgbF(nearer(ground.redF()), nearer(ground.greenF()), nearer(ground.blueF()));
 }

@@ -12,10 +12,10 @@ double contrast(const QColor &one, const QColor &other);
 inline constexpr double legibleContrast = 4.5;
 
 /// A ground like the one wanted on which a text of that colour can be read: the wanted one itself, or
-/// as much further from the text's brightness as it takes.
+/// as much darker, or brighter below a dark text, as it takes.
 QColor legibleGround(const QColor &wanted, const QColor &text);
 
-/// A ground that is a step further from the brightness of the text on it.
+/// A ground that is a step darker, or brighter below a dark text.
 QColor strengthened(const QColor &ground, const QColor &text);
 
 } // namespace tonearm

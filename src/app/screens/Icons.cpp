@@ -10,7 +10,7 @@
 
 // Outside of any namespace, as the macro asks. Naming the resource here links it into every program
 // that draws an icon.
-static void linkIconResource()
+static void linkIconResource() // NOLINT(misc-use-anonymous-namespace): the macro would look there
 {
     Q_INIT_RESOURCE(icons);
 }

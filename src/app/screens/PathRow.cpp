@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 
 namespace tonearm {
 
@@ -18,21 +19,41 @@ namespace {
 constexpr int labelWidth = 100;
 constexpr int gap = 8;
 
-// Looks like a label; unlike one it never asks for more width than there is.
-QLineEdit *makeSelectableText(QWidget *parent)
+// Looks like a label; unlike one it never asks for more width than there is. What doesn't fit is left
+// out in the middle, except while the user goes through it.
+class PathText final : public QLineEdit
 {
-    auto *text = new QLineEdit(parent);
-    text->setReadOnly(true);
-    text->setFrame(false);
-    return text;
-}
+public:
+    explicit PathText(QWidget *parent)
+        : QLineEdit(parent)
+    {
+        setReadOnly(true);
+        setFrame(false);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        // Qt's own, between the edge and the text.
+        constexpr int edge = 2;
+        const QRect place = rect().adjusted(edge, 0, -edge, 0);
+        if (hasFocus() || fontMetrics().horizontalAdvance(text()) <= place.width()) {
+            QLineEdit::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(place, Qt::AlignLeading | Qt::AlignVCenter,
+                         fontMetrics().elidedText(text(), Qt::ElideMiddle, place.width()));
+    }
+};
 
 } // namespace
 
 PathRow::PathRow(const QString &label, QWidget *parent)
     : QWidget(parent)
     , m_row(new QHBoxLayout(this))
-    , m_path(makeSelectableText(this))
+    , m_path(new PathText(this))
 {
     auto *name = new QLabel(label, this);
     name->setFixedWidth(labelWidth);

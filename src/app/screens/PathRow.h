@@ -13,7 +13,7 @@ class QLineEdit;
 namespace tonearm {
 
 /// A label and a path beside it, which the user can mark and copy. A long path doesn't widen the
-/// window; it scrolls in its place.
+/// window: it is shortened, and scrolls in its place while it has the focus.
 class PathRow : public QWidget
 {
     Q_OBJECT

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double cornerRadius = 4;
 constexpr double focusRingWidth = 2;
+constexpr QSize moreRoom(16, 2);
 
 QColor groundOf(const QStyleOptionButton &option, const QColor &text)
 {
@@ -26,6 +27,11 @@ QColor groundOf(const QStyleOptionButton &option, const QColor &text)
 ProminentButton::ProminentButton(const QString &text, QWidget *parent)
     : QPushButton(text, parent)
 {
+}
+
+QSize ProminentButton::sizeHint() const
+{
+    return QPushButton::sizeHint() + moreRoom;
 }
 
 // Styles lighten a button's ground by as much as they please, and the text on it isn't legible then.

@@ -14,6 +14,9 @@ class ProminentButton : public QPushButton
 public:
     explicit ProminentButton(const QString &text, QWidget *parent = nullptr);
 
+    /// With more room round the text than other buttons have.
+    QSize sizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 };
