@@ -28,7 +28,10 @@ constexpr int chapterSeconds = 300;
 class NoPanels : public Panels
 {
 public:
-    QCoro::Task<std::optional<QUrl>> choose(OpenPanelRequest, std::stop_token) override { co_return std::nullopt; }
+    QCoro::Task<std::optional<QUrl>> choose(OpenPanelRequest, std::stop_token) override
+    {
+        co_return std::nullopt;
+    }
 };
 
 class NoFileViewer : public FileViewer
@@ -53,15 +56,16 @@ QString makeSource(const QTemporaryDir &folder)
         std::exit(1);
     list.write(";FFMETADATA1\n");
     for (int index = 0; index < chapterCount; ++index) {
-        list.write(QByteArray("[CHAPTER]\nTIMEBASE=1/1\nSTART=") + QByteArray::number(index * chapterSeconds)
-                   + "\nEND=" + QByteArray::number((index + 1) * chapterSeconds) + "\ntitle=Chapter "
-                   + QByteArray::number(index + 1) + "\n");
+        list.write(QByteArray("[CHAPTER]\nTIMEBASE=1/1\nSTART=") +
+                   QByteArray::number(index * chapterSeconds) +
+                   "\nEND=" + QByteArray::number((index + 1) * chapterSeconds) + "\ntitle=Chapter " +
+                   QByteArray::number(index + 1) + "\n");
     }
     list.close();
     runShell(u"ffmpeg -hide_banner -v error -f lavfi -i "
              "'aevalsrc=0.4*sin(220*t)+0.05*random(0)|0.4*sin(330*t)+0.05*random(1):s=96000:d=%1' "
-             "-i '%2' -map 0:a -map_metadata 1 -c:a flac -sample_fmt s32 -bits_per_raw_sample 24 '%3'"_s
-                 .arg(QString::number(chapterCount * chapterSeconds), list.fileName(), source));
+             "-i '%2' -map 0:a -map_metadata 1 -c:a flac -sample_fmt s32 -bits_per_raw_sample 24 '%3'"_s.arg(
+                 QString::number(chapterCount * chapterSeconds), list.fileName(), source));
     return source;
 }
 
@@ -137,7 +141,8 @@ int main(int argc, char **argv)
     waitUntil([&] { return model.canEncode(); });
     QDir(folder.path()).mkdir(u"loop"_s);
 
-    const qint64 loop = millisecondsOfShellLoop(model, folder.filePath(u"loop.sh"_s), folder.filePath(u"loop"_s));
+    const qint64 loop =
+        millisecondsOfShellLoop(model, folder.filePath(u"loop.sh"_s), folder.filePath(u"loop"_s));
     const qint64 job = millisecondsOfJob(model);
     std::printf("job of %d chapters: %.2f s, shell loop: %.2f s, ratio %.3f\n", chapterCount,
                 static_cast<double>(job) / 1000, static_cast<double>(loop) / 1000,

@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-AppModel::Services makeServices(const std::optional<QString> &resourceFolder, Panels &panels, FileViewer &viewer)
+AppModel::Services makeServices(const std::optional<QString> &resourceFolder, Panels &panels,
+                                FileViewer &viewer)
 {
     const ToolLocation tools(resourceFolder);
     const ProcessRunner runner;

@@ -46,8 +46,8 @@ QString fixedPoint(double value, int decimals)
 {
     // Rounds the number's exact value as printf does; QString::number rounds its shortest form.
     std::array<char, 400> digits{}; // the largest double has 309 digits before the point
-    const std::to_chars_result printed =
-        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, decimals);
+    const std::to_chars_result printed = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                                       std::chars_format::fixed, decimals);
     return QString::fromLatin1(digits.data(), printed.ptr - digits.data());
 }
 

@@ -3,7 +3,6 @@
 
 #include <QTextBoundaryFinder>
 
-
 namespace tonearm {
 
 namespace {

@@ -44,7 +44,8 @@ QCoro::Task<std::optional<QString>> CDParanoiaInstallation::versionSummaryOf(QUr
     try {
         const QStringList arguments{u"--version"_s};
         const ProcessRunner::LineCallback noLines;
-        const ProcessRunner::RunResult result = co_await processRunner.run(executableURL, arguments, noLines, stop);
+        const ProcessRunner::RunResult result =
+            co_await processRunner.run(executableURL, arguments, noLines, stop);
         co_return cdParanoiaVersionSummary(result.stdoutBytes + result.stderrBytes);
     } catch (...) {
         co_return std::nullopt;

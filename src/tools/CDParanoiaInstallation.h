@@ -40,8 +40,8 @@ struct CDParanoiaInstallation
     static bool isAvailable(const ToolLocation &tools);
 
     /// Asks the program its version; nothing if that fails in any way, a cancellation included.
-    static QCoro::Task<std::optional<QString>> versionSummaryOf(QUrl executableURL, ProcessRunner processRunner,
-                                                                std::stop_token stop);
+    static QCoro::Task<std::optional<QString>>
+    versionSummaryOf(QUrl executableURL, ProcessRunner processRunner, std::stop_token stop);
 };
 
 } // namespace tonearm

@@ -44,6 +44,7 @@ public:
     }
 
     ~FileActions() { ::posix_spawn_file_actions_destroy(&m_actions); }
+
     FileActions(const FileActions &) = delete;
     FileActions &operator=(const FileActions &) = delete;
 
@@ -70,6 +71,7 @@ public:
     }
 
     ~Attributes() { ::posix_spawnattr_destroy(&m_attributes); }
+
     Attributes(const Attributes &) = delete;
     Attributes &operator=(const Attributes &) = delete;
 

@@ -52,10 +52,10 @@ QString FFmpegNotRunnableError::description() const
 
 std::optional<QString> FFmpegNotRunnableError::recoverySuggestion() const
 {
-    return u"Tonearm's copy of "_s + executable
-        + u" failed to launch, which usually means the app bundle is damaged. Replacing it with a fresh "
-          u"download should restore it.\n\n"_s
-        + reason;
+    return u"Tonearm's copy of "_s + executable +
+           u" failed to launch, which usually means the app bundle is damaged. Replacing it with a fresh "
+           u"download should restore it.\n\n"_s +
+           reason;
 }
 
 bool FFmpegNotRunnableError::operator==(const FFmpegNotRunnableError &other) const

@@ -113,8 +113,8 @@ bool ProcessRunnerError::operator==(const ProcessRunnerError &other) const
     return command == other.command && status == other.status && stderrText == other.stderrText;
 }
 
-QCoro::Task<RunResult> ProcessRunner::run(QUrl executableURL, QStringList arguments, LineCallback onStderrLine,
-                                          std::stop_token stop) const
+QCoro::Task<RunResult> ProcessRunner::run(QUrl executableURL, QStringList arguments,
+                                          LineCallback onStderrLine, std::stop_token stop) const
 {
     throwIfCancelled(stop);
     const Run run(executableURL, std::move(arguments), std::move(onStderrLine));

@@ -21,9 +21,9 @@ QString FFmpegNotFoundError::description() const
 
 std::optional<QString> FFmpegNotFoundError::recoverySuggestion() const
 {
-    return missing
-        + u" ships inside Tonearm, so this copy of the app looks damaged. Replacing it with a fresh download "
-          u"should restore it."_s;
+    return missing +
+           u" ships inside Tonearm, so this copy of the app looks damaged. Replacing it with a fresh download "
+           u"should restore it."_s;
 }
 
 ToolLocation::ToolLocation(std::optional<QString> resourceFolder)

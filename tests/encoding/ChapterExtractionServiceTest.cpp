@@ -2,11 +2,11 @@
 #include "encoding/ChapterExtractionService.h"
 
 #include "encoding/ProbeReply.h"
-#include "helpers/StandInTools.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Media.h"
 #include "helpers/Printing.h"
+#include "helpers/StandInTools.h"
 #include "support/Cancellation.h"
 #include "support/Json.h"
 #include "support/ResourceFolder.h"

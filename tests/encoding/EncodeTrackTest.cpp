@@ -344,8 +344,7 @@ TEST_F(EncodeTrack, LeavesNothingOfAnEncodingThatIsCancelled)
 TEST(EncodeTrackRun, GivesFfmpegTheArgumentsOfTheTrack)
 {
     StandInTools tools;
-    tools.add(u"ffmpeg"_s,
-              R"(for item; do printf '%s\n' "$item" >> "$here/arguments"; done)");
+    tools.add(u"ffmpeg"_s, R"(for item; do printf '%s\n' "$item" >> "$here/arguments"; done)");
     const TrackEncoding track = trackIn(tools);
     test::await(encoding(tools, track));
     EXPECT_EQ(QString::fromUtf8(test::readFile(tools.path(u"arguments"_s))),

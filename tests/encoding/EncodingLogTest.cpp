@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/EncodingLog.h"
 
-#include "encoding/Surroundings.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
+#include "helpers/Surroundings.h"
 #include "support/FileName.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/EncodingLogText.h"
 
-#include "encoding/Surroundings.h"
 #include "helpers/Printing.h"
+#include "helpers/Surroundings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

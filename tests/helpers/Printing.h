@@ -20,4 +20,5 @@ inline void PrintTo(const QUrl &url, std::ostream *out)
 {
     *out << url.toString().toStdString();
 }
+
 // NOLINTEND(readability-identifier-naming)

@@ -86,7 +86,7 @@ QImage rendered(QWidget &widget, double devicePixelRatio)
 QString renderToPng(QWidget &widget, const QString &name, double devicePixelRatio)
 {
     const QDir folder(QCoreApplication::applicationDirPath() + u"/../screens"_s);
-    const QString path = QDir::cleanPath(folder.filePath(name + u".png"_s));
+    QString path = QDir::cleanPath(folder.filePath(name + u".png"_s));
     if (!folder.mkpath(u"."_s) || !rendered(widget, devicePixelRatio).save(path))
         return {};
     return path;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "helpers/StandInTools.h"
 #include "helpers/Media.h"
+#include "helpers/StandInTools.h"
 
 #include <QByteArray>
 #include <QList>

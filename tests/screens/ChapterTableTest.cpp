@@ -87,18 +87,18 @@ struct ChapterTableTest : testing::Test
                wanted->visibleRegion().boundingRect() == wanted->rect();
     }
 
-    QAbstractScrollArea *list() { return table->findChild<QAbstractScrollArea *>(); }
+    QAbstractScrollArea *list() const { return table->findChild<QAbstractScrollArea *>(); }
 
-    QScrollBar *bar() { return list()->verticalScrollBar(); }
+    QScrollBar *bar() const { return list()->verticalScrollBar(); }
 
-    int rowHeight() { return bar()->singleStep(); }
+    int rowHeight() const { return bar()->singleStep(); }
 
-    void scrollTo(int number) { bar()->setValue((number - 1) * rowHeight()); }
+    void scrollTo(int number) const { bar()->setValue((number - 1) * rowHeight()); }
 
-    QList<ChapterRowView *> views() { return table->findChildren<ChapterRowView *>(); }
+    QList<ChapterRowView *> views() const { return table->findChildren<ChapterRowView *>(); }
 
     // The rows as a screen reader walks them.
-    QList<int> orderOfRows()
+    QList<int> orderOfRows() const
     {
         QList<int> order;
         for (QObject *child : list()->viewport()->children())

@@ -25,7 +25,7 @@ TEST(SerialExecutor, RunsOnItsThreadAndResumesTheCallerOnItsOwn)
             co_await QCoro::sleepFor(1ms);
             co_return QThread::currentThread();
         });
-        co_return inside != caller && QThread::currentThread() == caller;
+        co_return inside != caller &&QThread::currentThread() == caller;
     };
     EXPECT_TRUE(test::await(flow()));
 }

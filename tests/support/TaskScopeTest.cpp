@@ -111,7 +111,8 @@ TEST(Background, RunsElsewhereAndComesBackWithTheResult)
 
 TEST(Background, BringsExceptionsOfEveryTypeBack)
 {
-    const auto cancelled = test::awaitError<CancellationError>(inBackground([] { throw CancellationError{}; }));
+    const auto cancelled =
+        test::awaitError<CancellationError>(inBackground([] { throw CancellationError{}; }));
     EXPECT_TRUE(cancelled.has_value());
     const auto system = test::awaitError<std::system_error>(
         inBackground([]() -> int { throw std::system_error(ENOSPC, std::generic_category()); }));

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The log that a job leaves, word for word but for the times that it took.
-#include "encoding/Surroundings.h"
 #include "helpers/Contents.h"
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
 #include "helpers/ScriptedTools.h"
+#include "helpers/Surroundings.h"
 
 #include <gtest/gtest.h>
 

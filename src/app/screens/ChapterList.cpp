@@ -14,6 +14,8 @@
 
 namespace tonearm {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int placeholders = 7;
@@ -44,6 +46,7 @@ ChapterList::ChapterList(QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(u"Chapter list"_s);
     // A ground of its own, so that Qt can scroll what is drawn already. Not that of text boxes, from
     // which those in the rows have to stand out.
     viewport()->setBackgroundRole(QPalette::Window);

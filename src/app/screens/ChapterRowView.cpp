@@ -8,6 +8,7 @@
 #include <QFontMetrics>
 #include <QLineEdit>
 #include <QPainter>
+#include <QSignalBlocker>
 
 namespace tonearm {
 
@@ -37,7 +38,8 @@ ChapterRowView::ChapterRowView(const ChapterColumns &columns, QWidget *parent)
     m_songTitle->setPlaceholderText(u"Song title"_s);
     // The table itself moves between the boxes and stands for them all in the window's Tab order.
     m_songTitle->setFocusPolicy(Qt::ClickFocus);
-    connect(m_songTitle, &QLineEdit::textEdited, this, &ChapterRowView::songTitleEdited);
+    // Not textEdited: an assistive tool that fills the box in doesn't type.
+    connect(m_songTitle, &QLineEdit::textChanged, this, &ChapterRowView::songTitleEdited);
 }
 
 int ChapterRowView::heightIn(QWidget *list)
@@ -52,7 +54,10 @@ void ChapterRowView::showRow(int index, const ChapterTableRow &row)
     m_index = index;
     showTexts(row, QPalette::WindowText);
     // Even where the text is the same: what can be undone belongs to the row shown before.
-    m_songTitle->setText(row.songTitle);
+    {
+        const QSignalBlocker notAnEdit(m_songTitle);
+        m_songTitle->setText(row.songTitle);
+    }
     m_songTitle->setCursorPosition(0);
     m_songTitle->setAccessibleName(u"Song title for chapter %1"_s.arg(index + 1));
     m_songTitle->show();
@@ -73,7 +78,10 @@ void ChapterRowView::setSongTitle(const QString &title)
         return;
     const bool underway = m_songTitle->hasFocus();
     const int cursor = m_songTitle->cursorPosition();
-    m_songTitle->setText(title);
+    {
+        const QSignalBlocker notAnEdit(m_songTitle);
+        m_songTitle->setText(title);
+    }
     // A long title shows its beginning, except where the user is in the midst of it.
     m_songTitle->setCursorPosition(underway ? cursor : 0);
 }

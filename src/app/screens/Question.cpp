@@ -1,21 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/Question.h"
 
+#include "app/screens/Icons.h"
+#include "app/screens/TextStyle.h"
+
+#include <QLabel>
 #include <QPushButton>
 
 #include <utility>
 
 namespace tonearm {
 
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int iconSide = 32;
+
+} // namespace
+
 QMessageBox *openQuestion(QWidget *window, const QuestionWords &words, std::function<void(bool)> answered)
 {
     auto *box = new QMessageBox(window);
     box->setWindowModality(Qt::WindowModal);
     box->setWindowTitle(window->windowTitle());
-    box->setIcon(words.decline.isEmpty() ? QMessageBox::Warning : QMessageBox::Question);
+    const QSize iconSize(iconSide, iconSide);
+    box->setIconPixmap(icon(IconName::warning, Tone::warning).pixmap(iconSize, window->devicePixelRatioF()));
     box->setTextFormat(Qt::PlainText);
     box->setText(words.title);
     box->setInformativeText(words.message);
+    // Qt's name for the label with the text.
+    if (auto *title = box->findChild<QLabel *>(u"qt_msgbox_label"_s))
+        applyTextStyle(title, TextStyle::emphasised);
 
     const bool asks = !words.decline.isEmpty();
     QPushButton *accept =

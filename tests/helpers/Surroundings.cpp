@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "encoding/Surroundings.h"
+#include "helpers/Surroundings.h"
 
 #include <QString>
 
