@@ -15,6 +15,8 @@ void makeAnnouncer(QWidget *widget)
 
 void announce(QWidget *widget)
 {
+    if (!widget->isVisible())
+        return;
     // A screen reader on Linux reads a notification out when it comes into view, on other systems when
     // it is an alert.
     for (const QAccessible::Event type : {QAccessible::ObjectShow, QAccessible::Alert}) {

@@ -69,8 +69,8 @@ void FFmpegBanner::showMessage(Message message)
     m_title->setIcon(isFound ? IconName::success : IconName::warning, tone);
     m_title->setText(isFound ? u"Audio tools are ready"_s : u"Tonearm's audio tools are missing"_s);
     m_title->setAccessibleName(m_title->text());
-    setShown(true);
     announce(m_title);
+    setShown(true);
 }
 
 QWidget *FFmpegBanner::makeText()

@@ -26,34 +26,40 @@ GenreField::GenreField(AppModel &model, const GenreCatalog &genres, QWidget *par
     : QWidget(parent)
     , m_model(model)
     , m_genres(genres)
+    , m_box(makeModelTextBox(model.genre, u"Genre"_s, this))
 {
-    QLineEdit *box = makeModelTextBox(model.genre, u"Genre"_s, this);
-    box->setFixedWidth(boxWidth);
-    box->setToolTip(u"Written to the GENRE tag on every track, which is what media servers group and browse "
-                    u"by. Type anything, or pick from the list."_s);
-    setFocusProxy(box);
+    m_box->setFixedWidth(boxWidth);
+    m_box->setToolTip(
+        u"Written to the GENRE tag on every track, which is what media servers group and browse "
+        u"by. Type anything, or pick from the list."_s);
 
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(4);
+    row->addWidget(m_box);
+    row->addWidget(makeMenuButton());
+    row->addStretch(1);
+}
+
+QWidget *GenreField::makeMenuButton()
+{
     auto *menu = new QMenu(this);
     menu->setAccessibleName(u"Default genres"_s);
+    // Assistive tools pick an entry without going through the menu, which would stay open.
+    connect(menu, &QMenu::triggered, menu, &QWidget::close);
     auto *button = new QToolButton(this);
-    // Not the button's own menu: that one would hold up whoever pressed the button until it closes.
-    connect(button, &QToolButton::clicked, this, [this, menu, button] {
-        fillMenu(menu);
-        menu->popup(button->mapToGlobal(QPoint(0, button->height())));
-    });
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::StrongFocus);
     button->setFixedWidth(menuWidth);
     button->setIcon(icon(IconName::list));
     button->setToolTip(u"Choose from the default genres"_s);
     button->setAccessibleName(u"Choose from the default genres"_s);
-
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(4);
-    row->addWidget(box);
-    row->addWidget(button);
-    row->addStretch(1);
+    // Not the button's own menu: that one would hold up whoever pressed the button until it closes.
+    connect(button, &QToolButton::clicked, this, [this, menu, button] {
+        fillMenu(menu);
+        menu->popup(button->mapToGlobal(QPoint(0, button->height())));
+    });
+    return button;
 }
 
 void GenreField::fillMenu(QMenu *menu)

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+class QLineEdit;
 class QMenu;
 
 namespace tonearm {
@@ -18,11 +19,15 @@ class GenreField : public QWidget
 public:
     GenreField(AppModel &model, const GenreCatalog &genres, QWidget *parent = nullptr);
 
+    QLineEdit *box() const { return m_box; }
+
 private:
+    QWidget *makeMenuButton();
     void fillMenu(QMenu *menu);
 
     AppModel &m_model;
     const GenreCatalog &m_genres;
+    QLineEdit *m_box;
 };
 
 } // namespace tonearm

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/IconView.h"
 
-#include "app/screens/AccessibleRole.h"
-
 #include <QPainter>
 
 namespace tonearm {
@@ -13,7 +11,6 @@ IconView::IconView(IconName name, Tone tone, QWidget *parent, int side)
     , m_tone(tone)
 {
     setFixedSize(side, side);
-    setAccessibleRole(this, QAccessible::Graphic);
 }
 
 void IconView::setIcon(IconName name, Tone tone)

@@ -23,11 +23,14 @@ constexpr int discWidth = 40;
 constexpr int gap = 8;
 constexpr int gapBetweenGroups = 16;
 
-void addField(QGridLayout *grid, const QString &label, QWidget *field)
+// `box` is where the label leads to, and lies in `field`.
+void addField(QGridLayout *grid, const QString &label, QWidget *field, QLineEdit *box)
 {
     const int row = grid->rowCount();
-    auto *name = new QLabel(label);
-    name->setBuddy(field);
+    auto *name = new QLabel(label, field->parentWidget());
+    name->setBuddy(box);
+    // Screen readers walk in this order.
+    name->stackUnder(field);
     grid->addWidget(name, row, 0, Qt::AlignRight | Qt::AlignVCenter);
     grid->addWidget(field, row, 1);
 }
@@ -42,10 +45,14 @@ MetadataSearchSection::MetadataSearchSection(AppModel &model, const GenreCatalog
     fields->setHorizontalSpacing(gap);
     fields->setVerticalSpacing(gap);
     fields->setColumnStretch(1, 1);
-    addField(fields, u"Artist"_s, makeModelTextBox(model.artist, u"Artist"_s, this));
-    addField(fields, u"Album Title"_s, makeModelTextBox(model.albumTitle, u"Album Title"_s, this));
-    addField(fields, u"Year"_s, makeYearAndDisc());
-    addField(fields, u"Genre"_s, new GenreField(model, genres, this));
+    QLineEdit *artist = makeModelTextBox(model.artist, u"Artist"_s, this);
+    addField(fields, u"Artist"_s, artist, artist);
+    QLineEdit *albumTitle = makeModelTextBox(model.albumTitle, u"Album Title"_s, this);
+    addField(fields, u"Album Title"_s, albumTitle, albumTitle);
+    auto *yearAndDisc = new QWidget(this);
+    addField(fields, u"Year"_s, yearAndDisc, fillYearAndDisc(yearAndDisc));
+    auto *genre = new GenreField(model, genres, this);
+    addField(fields, u"Genre"_s, genre, genre->box());
     content()->addLayout(fields);
 
     auto *warning = new IconLabel(IconName::warning, Tone::warning, this);
@@ -58,39 +65,34 @@ MetadataSearchSection::MetadataSearchSection(AppModel &model, const GenreCatalog
     content()->addWidget(warning);
 }
 
-QWidget *MetadataSearchSection::makeYearAndDisc()
+// Returns the year's box.
+QLineEdit *MetadataSearchSection::fillYearAndDisc(QWidget *group)
 {
-    auto *group = new QWidget(this);
-    QLineEdit *year =
-        makeNarrowBox(m_model.albumYear, u"Year"_s, yearWidth, u"Four-digit year written to the DATE tag"_s);
     const QString aboutDiscs = u"Which disc of a set this is, written to the DISCNUMBER and DISCTOTAL tags. "
                                u"Leave both empty for a single-disc release."_s;
-    QLineEdit *number = makeNarrowBox(m_model.discNumber, u"Disc"_s, discWidth, aboutDiscs);
-    QLineEdit *total = makeNarrowBox(m_model.discTotal, u"Number of discs"_s, discWidth, aboutDiscs);
+    QLineEdit *year = makeModelTextBox(m_model.albumYear, u"Year"_s, group);
+    year->setFixedWidth(yearWidth);
+    year->setToolTip(u"Four-digit year written to the DATE tag"_s);
     auto *disc = new QLabel(u"Disc"_s, group);
+    QLineEdit *number = makeModelTextBox(m_model.discNumber, u"Disc"_s, group);
     disc->setBuddy(number);
-    group->setFocusProxy(year);
+    auto *of = new QLabel(u"of"_s, group);
+    QLineEdit *total = makeModelTextBox(m_model.discTotal, u"Number of discs"_s, group);
+    for (QLineEdit *box : {number, total}) {
+        box->setFixedWidth(discWidth);
+        box->setToolTip(aboutDiscs);
+    }
 
     auto *row = new QHBoxLayout(group);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(gap);
     row->addWidget(year);
     row->addSpacing(gapBetweenGroups - gap);
-    row->addWidget(disc);
-    row->addWidget(number);
-    row->addWidget(new QLabel(u"of"_s, group));
-    row->addWidget(total);
+    for (QWidget *widget : {static_cast<QWidget *>(disc), static_cast<QWidget *>(number),
+                            static_cast<QWidget *>(of), static_cast<QWidget *>(total)})
+        row->addWidget(widget);
     row->addStretch(1);
-    return group;
-}
-
-QLineEdit *MetadataSearchSection::makeNarrowBox(QProperty<QString> &text, const QString &name, int width,
-                                                const QString &toolTip)
-{
-    QLineEdit *box = makeModelTextBox(text, name, this);
-    box->setFixedWidth(width);
-    box->setToolTip(toolTip);
-    return box;
+    return year;
 }
 
 } // namespace tonearm

@@ -3,8 +3,6 @@
 
 #include "app/screens/SectionBox.h"
 
-#include <QProperty>
-
 class QLineEdit;
 
 namespace tonearm {
@@ -21,9 +19,7 @@ public:
     MetadataSearchSection(AppModel &model, const GenreCatalog &genres, QWidget *parent = nullptr);
 
 private:
-    QWidget *makeYearAndDisc();
-    QLineEdit *makeNarrowBox(QProperty<QString> &text, const QString &name, int width,
-                             const QString &toolTip);
+    QLineEdit *fillYearAndDisc(QWidget *group);
 
     AppModel &m_model;
 };

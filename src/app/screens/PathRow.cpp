@@ -60,6 +60,8 @@ PathRow::PathRow(const QString &label, QWidget *parent)
     applyTextStyle(name, TextStyle::emphasised);
     name->setBuddy(m_path);
     m_path->setAccessibleName(label);
+    // Screen readers walk in this order.
+    name->stackUnder(m_path);
 
     m_row->setContentsMargins(0, 0, 0, 0);
     m_row->setSpacing(gap);

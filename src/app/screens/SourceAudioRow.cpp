@@ -30,6 +30,7 @@ SourceAudioRow::SourceAudioRow(QWidget *parent)
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     applyTextStyle(m_note, TextStyle::smallSecondary);
     m_note->setWordWrap(true);
+    setAccessibleRole(m_badge, QAccessible::Graphic);
     setAccessibleRole(this, QAccessible::Grouping);
 
     auto *grid = new QGridLayout(this);

@@ -57,9 +57,9 @@ StatusLine::StatusLine(AppModel &model, QWidget *parent)
             showSign(sign, spinner, kind);
             text->setText(message);
             text->setAccessibleName(message);
-            setVisible(kind != Kind::idle);
             if (isNews && kind != Kind::idle)
                 announce(text);
+            setVisible(kind != Kind::idle);
         });
 }
 
