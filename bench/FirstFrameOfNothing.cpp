@@ -11,5 +11,5 @@ int main(int argc, char **argv)
     QMainWindow window;
     window.resize(940, 940);
     window.show();
-    return tonearm::reportFirstFrame(window);
+    return tonearm::reportFirstFrame();
 }

@@ -12,5 +12,5 @@ int main(int argc, char **argv)
     const QTemporaryDir folder;
     tonearm::TonearmApp app(folder.filePath(QStringLiteral("settings.json")), tonearm::resourceFolder());
     app.openMainWindow();
-    return tonearm::reportFirstFrame(app.mainWindow());
+    return tonearm::reportFirstFrame();
 }
