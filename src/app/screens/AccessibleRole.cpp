@@ -28,6 +28,9 @@ void setAccessibleRole(QWidget *widget, QAccessible::Role role)
     // Qt keeps each factory once, however often it is installed.
     QAccessible::installFactory(interfaceOf);
     widget->setProperty(roleProperty, static_cast<int>(role));
+    // Qt may have described the widget already, as it does when the name is set.
+    if (QAccessibleInterface *earlier = QAccessible::queryAccessibleInterface(widget))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(earlier));
 }
 
 } // namespace tonearm
