@@ -48,14 +48,22 @@ struct WindowPictures : testing::WithParamInterface<bool>, ScriptedWindowTest
                              u"with the audience)"_s);
     }
 
-    void keep(const QString &state, const QSize &size = {940, 940}, double scale = 1)
+    static QString suffixed(const QString &name) { return name + (GetParam() ? u"-dark"_s : u"-light"_s); }
+
+    // At the scale factor that the tests run with.
+    static void keep(QWidget &widget, const QString &name)
+    {
+        const double scale = widget.devicePixelRatioF();
+        const QString scaled = scale > 1 ? name + u"-x%1"_s.arg(scale) : name;
+        EXPECT_NE(renderToPng(widget, suffixed(scaled), scale), QString());
+    }
+
+    void keepWindow(const QString &state, const QSize &size = {940, 940})
     {
         window.window().resize(size);
         ShownWindow::settle();
-        const QString name =
-            u"window-%1-%2x%3-%4"_s.arg(state, QString::number(size.width()), QString::number(size.height()),
-                                        GetParam() ? u"dark"_s : u"light"_s);
-        EXPECT_NE(renderToPng(window.window(), name, scale), QString());
+        keep(window.window(),
+             u"window-%1-%2x%3"_s.arg(state, QString::number(size.width()), QString::number(size.height())));
     }
 
     PaletteScope palette{GetParam() ? darkPalette() : lightPalette()};
@@ -66,17 +74,17 @@ struct WindowPictures : testing::WithParamInterface<bool>, ScriptedWindowTest
 TEST_P(WindowPictures, Empty)
 {
     surroundings.findTools();
-    keep(u"empty"_s);
-    keep(u"empty"_s, {820, 900});
+    keepWindow(u"empty"_s);
+    keepWindow(u"empty"_s, {820, 900});
 }
 
 TEST_P(WindowPictures, Loaded)
 {
     surroundings.prepareJob(tools.source());
     describeAlbum();
-    keep(u"loaded"_s, {820, 900});
-    keep(u"loaded"_s, {1920, 1080});
-    keep(u"loaded"_s, {940, 940}, 2);
+    keepWindow(u"loaded"_s, {820, 900});
+    keepWindow(u"loaded"_s, {1920, 1080});
+    keepWindow(u"loaded"_s, {940, 940});
 }
 
 TEST_P(WindowPictures, DuringAJob)
@@ -87,7 +95,7 @@ TEST_P(WindowPictures, DuringAJob)
     describeAlbum();
     click(window.button(u"Encode to FLAC"_s));
     ASSERT_TRUE(tools.waitFor(u"fifth"_s));
-    keep(u"job"_s);
+    keepWindow(u"job"_s);
 }
 
 TEST_P(WindowPictures, Finished)
@@ -96,8 +104,8 @@ TEST_P(WindowPictures, Finished)
     describeAlbum();
     surroundings.runJob();
     window.button(u"Encode to FLAC"_s).setFocus(Qt::TabFocusReason);
-    keep(u"finished"_s);
-    keep(u"finished"_s, {820, 900}, 2);
+    keepWindow(u"finished"_s);
+    keepWindow(u"finished"_s, {820, 900});
 }
 
 TEST_P(WindowPictures, Failed)
@@ -107,8 +115,8 @@ TEST_P(WindowPictures, Failed)
     describeAlbum();
     model.albumYear = u"69"_s;
     surroundings.runJob();
-    EXPECT_NE(renderToPng(window.dialog(), u"alert-"_s + (GetParam() ? u"dark"_s : u"light"_s)), QString());
-    keep(u"error"_s);
+    keep(window.dialog(), u"alert"_s);
+    keepWindow(u"error"_s);
 }
 
 TEST_P(WindowPictures, WithoutTools)
@@ -120,8 +128,8 @@ TEST_P(WindowPictures, WithoutTools)
     const auto *banner = window.window().findChild<FFmpegBanner *>();
     const auto *panel = banner->findChild<QWidget *>({}, Qt::FindDirectChildrenOnly);
     ASSERT_TRUE(eventually([&] { return panel->y() == 0 && panel->height() > 0; }));
-    keep(u"tools-missing"_s);
-    keep(u"tools-missing"_s, {820, 900});
+    keepWindow(u"tools-missing"_s);
+    keepWindow(u"tools-missing"_s, {820, 900});
 }
 
 TEST_P(WindowPictures, WithAQuestion)
@@ -129,8 +137,7 @@ TEST_P(WindowPictures, WithAQuestion)
     surroundings.loadFile(tools.source());
     describeAlbum();
     model.requestFile(QUrl(u"file:///music/Another%20Concert.mkv"_s));
-    EXPECT_NE(renderToPng(window.dialog(), u"question-"_s + (GetParam() ? u"dark"_s : u"light"_s)),
-              QString());
+    keep(window.dialog(), u"question"_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, WindowPictures, testing::Bool(),
