@@ -5,8 +5,10 @@
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
+#include "helpers/Rendering.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QTest>
 
 namespace tonearm {
@@ -39,7 +41,6 @@ struct QuestionsTest : ScriptedWindowTest
         const QMessageBox &dialog = window.dialog();
         EXPECT_EQ(dialog.text(), title);
         EXPECT_EQ(dialog.informativeText(), message);
-        EXPECT_EQ(dialog.textFormat(), Qt::PlainText);
         EXPECT_EQ(dialog.windowModality(), Qt::WindowModal);
         EXPECT_EQ(dialog.buttons().size(), buttons.size());
         for (const QString &text : buttons)
@@ -232,6 +233,27 @@ TEST_F(QuestionsTest, StandWhileAnAlertComesAndGoes)
     window.answer(u"Keep Encoding"_s);
     window.waitUntilUndisturbed();
     EXPECT_TRUE(model.encodingTask.value());
+}
+
+TEST_F(QuestionsTest, ShowNamesAsTheyAre)
+{
+    other = QUrl::fromLocalFile(u"/music/<b>Rock & Roll.mkv"_s);
+    askAboutSource();
+    const QMessageBox &dialog = window.dialog();
+    EXPECT_EQ(window.buttonIn(dialog, u"Load <b>Rock & Roll.mkv"_s).text(),
+              u"Load <b>Rock && Roll.mkv"_s);
+    for (const QLabel *label : dialog.findChildren<QLabel *>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+}
+
+TEST_F(QuestionsTest, StayNarrowWhateverTheName)
+{
+    other = QUrl::fromLocalFile(u"/music/"_s + QString(240, u'x') + u".mkv"_s);
+    askAboutSource();
+    EXPECT_LT(window.dialog().width(), window.window().width());
+    EXPECT_NE(renderToPng(window.dialog(), u"question-long-name"_s), QString());
+    window.answer(u"Load "_s + other.fileName());
+    EXPECT_EQ(model.inputFileURL.value(), other);
 }
 
 TEST_F(QuestionsTest, GiveTheFocusBack)

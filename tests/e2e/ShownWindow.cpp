@@ -63,7 +63,7 @@ QMessageBox &ShownWindow::dialog()
 QAbstractButton &ShownWindow::buttonIn(const QMessageBox &dialog, const QString &text)
 {
     for (QAbstractButton *button : dialog.buttons())
-        if (button->text() == text)
+        if (accessibleNameOf(*button) == text)
             return *button;
     fail(u"the dialog has no \"%1\""_s.arg(text));
 }

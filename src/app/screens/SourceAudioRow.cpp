@@ -27,6 +27,7 @@ SourceAudioRow::SourceAudioRow(QWidget *parent)
     , m_note(new QLabel(this))
 {
     applyTextStyle(m_summary, TextStyle::emphasised);
+    m_summary->setTextFormat(Qt::PlainText);
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     applyTextStyle(m_note, TextStyle::smallSecondary);
     m_note->setWordWrap(true);
