@@ -77,10 +77,14 @@ protected:
 
 TEST_F(CancelledJob, StopsBeforeItsFirstStep)
 {
+    QStringList messages;
     const auto onStart = m_model.encodingTask.onValueChanged([this] { m_model.cancelEncoding(); });
+    const auto onMessage =
+        m_model.progressMessage.onValueChanged([&] { messages.append(m_model.progressMessage.value()); });
     m_fixture.runJob();
     expectCancelled({});
     EXPECT_FALSE(m_tools.hasStarted(1));
+    EXPECT_EQ(messages, (QStringList{u"Starting…"_s, u"Encoding cancelled."_s}));
 }
 
 TEST_F(CancelledJob, StopsInItsFirstTrack)

@@ -222,4 +222,55 @@ TEST_F(ScriptedJob, CanBeRunAgain)
     EXPECT_EQ(m_model.encodedFiles.value()[0].fileName(), u"01-Eins.flac"_s);
 }
 
+namespace {
+
+struct JobEnd
+{
+    std::string name;
+    QByteArray encoding;
+    Kind state;
+    QString message;
+};
+
+class EndOfJob : public testing::TestWithParam<JobEnd>
+{
+};
+
+} // namespace
+
+TEST_P(EndOfJob, WritesTheLogThenTellsAndGoesLast)
+{
+    ScriptedTools tools;
+    tools.setEncoding(GetParam().encoding);
+    ModelFixture fixture({.tools = tools.location()});
+    fixture.prepareJob(tools.source());
+    bool hadLogWhenItTold = false;
+    std::optional<WorkflowState> stateAtItsEnd;
+    QString messageAtItsEnd;
+    const auto onState = fixture->currentState.onValueChanged([&] {
+        if (fixture->currentState.value() == WorkflowState(Kind::encoding))
+            return;
+        hadLogWhenItTold = fixture->hasLogFile() && fixture->encodingTask.value();
+    });
+    const auto onTask = fixture->encodingTask.onValueChanged([&] {
+        stateAtItsEnd = fixture->currentState.value();
+        messageAtItsEnd = fixture->progressMessage.value();
+    });
+    const auto onProgress = fixture->progressMessage.onValueChanged([&] {
+        if (GetParam().state == Kind::idle && fixture->progressMessage.value().startsWith(u"Encoding 1"_s))
+            fixture->cancelEncoding();
+    });
+    fixture.runJob();
+    EXPECT_TRUE(hadLogWhenItTold);
+    EXPECT_EQ(stateAtItsEnd.value().kind(), GetParam().state);
+    EXPECT_EQ(messageAtItsEnd, GetParam().message);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Outcomes, EndOfJob,
+    testing::Values(JobEnd{"Finished", "true", Kind::complete, u"Encoded 1 track to out."_s},
+                    JobEnd{"Cancelled", "exec sleep 600", Kind::idle, u"Encoding cancelled."_s},
+                    JobEnd{"Failed", "exit 1", Kind::error, u"Encoding failed."_s}),
+    [](const auto &outcome) { return outcome.param.name; });
+
 } // namespace tonearm

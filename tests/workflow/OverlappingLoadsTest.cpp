@@ -91,6 +91,7 @@ TEST_F(OverlappingLoads, LoseTheSecondFilesChaptersWhenTheFirstFailsLast)
     EXPECT_TRUE(test::eventually([&] { return m_model.alert.value().has_value(); }));
     EXPECT_EQ(m_model.currentState.value(), WorkflowState::error(u"\"first.mkv\" has no chapter markers."_s));
     EXPECT_TRUE(m_model.chapters.value().isEmpty());
+    EXPECT_FALSE(m_model.sourceAudio.value());
     EXPECT_EQ(m_model.inputFileURL.value(), m_fixture.url(u"second.mkv"_s));
 }
 

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <sched.h>
 #include <sys/mount.h>
 
 #include <utility>
@@ -16,11 +17,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Gives the program mounts of its own, so that none outlives it, however it ends. That has to happen
+// before there is a second thread, which would keep the mounts of before.
+const bool hasOwnMounts =
+    ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+
 bool mountDisk(const QString &folder, int kilobytes)
 {
     const QByteArray options = u"size=%1k,mode=0755"_s.arg(kilobytes).toLatin1();
-    return QDir().mkpath(folder) && ::mount("tmpfs", QFile::encodeName(folder).constData(), "tmpfs",
-                                            MS_NOSUID | MS_NODEV, options.constData()) == 0;
+    return hasOwnMounts && QDir().mkpath(folder) &&
+           ::mount("tmpfs", QFile::encodeName(folder).constData(), "tmpfs", MS_NOSUID | MS_NODEV,
+                   options.constData()) == 0;
 }
 
 } // namespace
