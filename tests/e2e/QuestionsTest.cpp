@@ -240,8 +240,7 @@ TEST_F(QuestionsTest, ShowNamesAsTheyAre)
     other = QUrl::fromLocalFile(u"/music/<b>Rock & Roll.mkv"_s);
     askAboutSource();
     const QMessageBox &dialog = window.dialog();
-    EXPECT_EQ(window.buttonIn(dialog, u"Load <b>Rock & Roll.mkv"_s).text(),
-              u"Load <b>Rock && Roll.mkv"_s);
+    EXPECT_EQ(window.buttonIn(dialog, u"Load <b>Rock & Roll.mkv"_s).text(), u"Load <b>Rock && Roll.mkv"_s);
     for (const QLabel *label : dialog.findChildren<QLabel *>())
         EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
 }
