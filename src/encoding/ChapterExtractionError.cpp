@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/ChapterExtractionError.h"
 
-#include "encoding/PathText.h"
+#include "support/PathText.h"
 
 #include <utility>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/ChapterExtractionService.h"
 
-#include "encoding/PathText.h"
 #include "encoding/ProbeReply.h"
 #include "support/Background.h"
 #include "support/Json.h"
+#include "support/PathText.h"
 
 #include <QFileInfo>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/EncodingLogText.h"
 
-#include "encoding/PathText.h"
 #include "support/Numbers.h"
+#include "support/PathText.h"
 #include "support/Text.h"
 
 #include <QLocale>

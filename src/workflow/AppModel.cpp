@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/AppModel.h"
 
-#include "encoding/PathText.h"
+#include "support/PathText.h"
 #include "support/Text.h"
 #include "workflow/records/DigitText.h"
 

@@ -2,9 +2,9 @@
 // A job on a file from its first chapter to its end: finished, cancelled or failed.
 #include "workflow/AppModel.h"
 
-#include "encoding/PathText.h"
 #include "support/Background.h"
 #include "support/Cancellation.h"
+#include "support/PathText.h"
 #include "workflow/EncodingJob.h"
 
 #include <QDateTime>

@@ -2,10 +2,8 @@
 // How a source comes in and goes away.
 #include "workflow/AppModel.h"
 
-#include "encoding/PathText.h"
 #include "support/Cancellation.h"
-
-#include <QFileInfo>
+#include "support/PathText.h"
 
 #include <algorithm>
 #include <utility>
@@ -21,13 +19,6 @@ constexpr auto matroskaExtension = "mkv"_L1;
 bool isEdited(const ChapterInfo &chapter)
 {
     return chapter.mappedTitle != chapter.originalTitle;
-}
-
-bool isNamedMatroska(const QUrl &url)
-{
-    const QFileInfo file(lastPathComponent(url));
-    // A full stop in front makes a name hidden and gives it no extension.
-    return !file.completeBaseName().isEmpty() && file.suffix().toLower() == matroskaExtension;
 }
 
 QString foundMessage(qsizetype count)
@@ -65,7 +56,7 @@ void AppModel::chooseOutputFolder()
 
 bool AppModel::acceptDroppedFile(const QUrl &url)
 {
-    if (isNamedMatroska(url)) {
+    if (lowerCaseExtension(url) == matroskaExtension) {
         requestFile(url);
         return true;
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/PendingOverwrite.h"
 
-#include "encoding/PathText.h"
+#include "support/PathText.h"
 
 namespace tonearm {
 

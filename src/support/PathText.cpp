@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "encoding/PathText.h"
+#include "support/PathText.h"
+
+#include <QFileInfo>
 
 namespace tonearm {
 
@@ -14,6 +16,12 @@ QString lastPathComponent(const QUrl &url)
     const QString path = plainPath(url);
     const QString name = path.sliced(path.lastIndexOf(u'/') + 1);
     return name.isEmpty() ? path : name;
+}
+
+QString lowerCaseExtension(const QUrl &url)
+{
+    const QFileInfo file(lastPathComponent(url));
+    return file.completeBaseName().isEmpty() ? QString() : file.suffix().toLower();
 }
 
 } // namespace tonearm

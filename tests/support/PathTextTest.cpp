@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "encoding/PathText.h"
+#include "support/PathText.h"
 
 #include "helpers/Printing.h"
 
@@ -24,6 +24,17 @@ TEST(LastPathComponent, NamesFilesAndFolders)
     EXPECT_EQ(lastPathComponent(QUrl::fromLocalFile(u"/music/My Music/"_s)), u"My Music"_s);
     EXPECT_EQ(lastPathComponent(QUrl::fromLocalFile(u"/"_s)), u"/"_s);
     EXPECT_EQ(lastPathComponent(QUrl()), u""_s);
+}
+
+TEST(LowerCaseExtension, IsTheLastAndNeverThatOfAHiddenName)
+{
+    const auto of = [](const QString &name) {
+        return lowerCaseExtension(QUrl::fromLocalFile(u"/x/"_s + name));
+    };
+    EXPECT_EQ(of(u"a.b.MKV"_s), u"mkv"_s);
+    EXPECT_EQ(of(u"mkv"_s), u""_s);
+    EXPECT_EQ(of(u".mkv"_s), u""_s);
+    EXPECT_EQ(of(u"a."_s), u""_s);
 }
 
 } // namespace tonearm

@@ -13,4 +13,8 @@ QString plainPath(const QUrl &url);
 /// root's name is its slash.
 QString lastPathComponent(const QUrl &url);
 
+/// The extension of that name in lower case, without its dot. A dot in front makes a name hidden and gives
+/// it no extension.
+QString lowerCaseExtension(const QUrl &url);
+
 } // namespace tonearm
