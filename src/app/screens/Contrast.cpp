@@ -27,8 +27,9 @@ double contrast(const QColor &one, const QColor &other)
 {
     // What a screen in a lit room gives where it is black.
     constexpr double glare = 0.05;
-    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
-    return (light + glare) / (dark + glare);
+    const double first = luminance(one);
+    const double second = luminance(other);
+    return (std::max(first, second) + glare) / (std::min(first, second) + glare);
 }
 
 QColor legibleGround(const QColor &wanted, const QColor &text)
