@@ -3,13 +3,14 @@
 
 set(TONEARM_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 option(TONEARM_COVERAGE "Count executed lines" OFF)
+option(TONEARM_FUZZ "Build the fuzz programs; needs clang" OFF)
 
 add_library(tonearm_flags INTERFACE)
 target_include_directories(tonearm_flags INTERFACE "${CMAKE_SOURCE_DIR}/src")
 target_compile_options(tonearm_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
   # GCC 12 takes the variables of a coroutine's frame for uninitialised.
-  -Wno-maybe-uninitialized)
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 target_compile_definitions(tonearm_flags INTERFACE
   QT_NO_KEYWORDS
   QT_NO_FOREACH
@@ -32,4 +33,10 @@ endif()
 if(TONEARM_COVERAGE)
   target_compile_options(tonearm_flags INTERFACE --coverage -fprofile-update=atomic)
   target_link_options(tonearm_flags INTERFACE --coverage)
+endif()
+
+if(TONEARM_FUZZ)
+  target_compile_options(tonearm_flags INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -g)
+  target_link_options(tonearm_flags INTERFACE -fsanitize=address,undefined)
 endif()
