@@ -55,11 +55,12 @@ JsonNode::JsonNode(QJsonValue value, QString path)
 JsonNode JsonNode::parse(const QByteArray &bytes)
 {
     if (bytes.trimmed().isEmpty())
-        throw JsonError(u"The data is empty."_s);
+        throw JsonError(JsonError::Kind::corrupted, u"The data is empty."_s);
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError) {
         throw JsonError(
+            JsonError::Kind::corrupted,
             u"The data isn't valid JSON: %1 at byte %2."_s.arg(error.errorString()).arg(error.offset));
     }
     if (document.isArray())
@@ -149,10 +150,14 @@ std::optional<JsonNode> JsonNode::findObject(const QString &key) const
 
 JsonNode JsonNode::require(const QString &key) const
 {
-    const auto node = find(key);
-    if (!node)
-        throw JsonError(u"The value at \"%1\" is missing."_s.arg(step(key)));
-    return *node;
+    const QJsonValue found = object().m_value.toObject().value(key);
+    const QString place = step(key);
+    const QString message = u"The value at \"%1\" is missing."_s.arg(place);
+    if (found.isUndefined())
+        throw JsonError(JsonError::Kind::keyNotFound, message, place, key);
+    if (found.isNull())
+        throw JsonError(JsonError::Kind::missingValue, message, place);
+    return {found, place};
 }
 
 QString JsonNode::step(const QString &name) const
@@ -163,7 +168,8 @@ QString JsonNode::step(const QString &name) const
 void JsonNode::failExpecting(const QString &expected) const
 {
     const QString place = m_path.isEmpty() ? u"at the top"_s : u"at \"%1\""_s.arg(m_path);
-    throw JsonError(u"Expected %1 %2 but found %3."_s.arg(expected, place, typeName(m_value)));
+    throw JsonError(JsonError::Kind::typeMismatch,
+                    u"Expected %1 %2 but found %3."_s.arg(expected, place, typeName(m_value)), m_path);
 }
 
 } // namespace tonearm

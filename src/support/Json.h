@@ -15,12 +15,38 @@ namespace tonearm {
 class JsonError : public DescribedError
 {
 public:
+    enum class Kind {
+        /// The bytes are no JSON document.
+        corrupted,
+        typeMismatch,
+        /// A null where a value has to be.
+        missingValue,
+        /// No value at all where one has to be.
+        keyNotFound,
+        /// What a reader finds wrong for reasons of its own.
+        other
+    };
+
     explicit JsonError(QString message)
-        : m_message(std::move(message))
+        : JsonError(Kind::other, std::move(message))
+    {
+    }
+
+    JsonError(Kind errorKind, QString message, QString place = {}, QString name = {})
+        : kind(errorKind)
+        , path(std::move(place))
+        , key(std::move(name))
+        , m_message(std::move(message))
     {
     }
 
     QString description() const override { return m_message; }
+
+    Kind kind;
+    /// Where it is, as JsonNode tells places; empty at the top and for corrupted.
+    QString path;
+    /// The last step of the path, for keyNotFound only.
+    QString key;
 
 private:
     QString m_message;
@@ -59,7 +85,7 @@ public:
     std::optional<QList<JsonNode>> findElements(const QString &key) const;
     std::optional<JsonNode> findObject(const QString &key) const;
 
-    /// The same for a key that has to be there.
+    /// The same for a key that has to be there. Throws keyNotFound or, for a null, missingValue.
     JsonNode require(const QString &key) const;
 
     const QJsonValue &value() const { return m_value; }

@@ -29,12 +29,12 @@ MainWindow::MainWindow(AppModel &model, const GenreCatalog &genres)
     setCentralWidget(new ContentView(model, genres, this));
     showQuestions(this, model);
 
-    addShortcut(Qt::CTRL | Qt::Key_I, &AppModel::chooseInputFile);
-    addShortcut(Qt::CTRL | Qt::Key_O, &AppModel::chooseOutputFolder);
-    addShortcut(Qt::CTRL | Qt::Key_E, &AppModel::startEncoding);
-    addShortcut(Qt::CTRL | Qt::Key_Period, &AppModel::cancelEncoding);
-    for (const QKeySequence &keys : {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::CTRL | Qt::Key_Q)})
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this] { close(); });
+    addShortcut(Qt::CTRL | Qt::Key_I, [&model] { model.chooseInputFile(); });
+    addShortcut(Qt::CTRL | Qt::Key_O, [&model] { model.chooseOutputFolder(); });
+    addShortcut(Qt::CTRL | Qt::Key_E, [&model] { model.startEncoding(); });
+    addShortcut(Qt::CTRL | Qt::Key_Period, [&model] { model.cancelEncoding(); });
+    for (const Qt::Key key : {Qt::Key_W, Qt::Key_Q})
+        addShortcut(Qt::CTRL | key, [this] { close(); });
 
     // Once the job that held the window open has ended.
     bind(
@@ -45,10 +45,9 @@ MainWindow::MainWindow(AppModel &model, const GenreCatalog &genres)
         });
 }
 
-void MainWindow::addShortcut(const QKeySequence &keys, void (AppModel::*operation)())
+void MainWindow::addShortcut(const QKeySequence &keys, const std::function<void()> &action)
 {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this,
-            [this, operation] { (m_model.*operation)(); });
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -3,6 +3,8 @@
 
 #include <QMainWindow>
 
+#include <functional>
+
 namespace tonearm {
 
 class AppModel;
@@ -20,7 +22,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void addShortcut(const QKeySequence &keys, void (AppModel::*operation)());
+    void addShortcut(const QKeySequence &keys, const std::function<void()> &action);
 
     AppModel &m_model;
 };
