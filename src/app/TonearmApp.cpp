@@ -4,6 +4,7 @@
 #include "tools/ProcessRunner.h"
 #include "tools/ToolLocation.h"
 
+#include <QDir>
 #include <QGuiApplication>
 
 namespace tonearm {
@@ -12,7 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-AppModel::Services makeServices(const std::optional<QString> &resourceFolder, Panels &panels,
+AppModel::Services makeServices(const std::optional<QString> &resourceFolder, OnlineServices &online,
+                                const std::shared_ptr<ArtworkFolder> &artworkFolder, Panels &panels,
                                 FileViewer &viewer)
 {
     const ToolLocation tools(resourceFolder);
@@ -21,6 +23,9 @@ AppModel::Services makeServices(const std::optional<QString> &resourceFolder, Pa
             .processRunner = runner,
             .chapterExtractor = ChapterExtractionService(tools, runner),
             .encoder = AudioEncodingService(tools, runner),
+            .metadataSearch = online.metadataSearch(),
+            .coverArtService = online.coverArt(),
+            .artworkFolder = artworkFolder,
             .panels = panels,
             .fileViewer = viewer,
             .appVersion = QStringLiteral(TONEARM_VERSION)};
@@ -28,11 +33,15 @@ AppModel::Services makeServices(const std::optional<QString> &resourceFolder, Pa
 
 } // namespace
 
-TonearmApp::TonearmApp(const QString &settingsFile, const std::optional<QString> &resourceFolder)
+TonearmApp::TonearmApp(const QString &settingsFile, const std::optional<QString> &resourceFolder,
+                       const ServiceAddresses &addresses)
     : m_settingsStore(settingsFile)
     , m_settings(m_settingsStore)
     , m_genres(resourceFolder.value_or(QString()) + u"/Genres.json"_s)
-    , m_model(m_settings, makeServices(resourceFolder, m_panels, m_fileViewer))
+    , m_artworkFolder(std::make_shared<ArtworkFolder>(QDir::tempPath()))
+    , m_onlineServices(addresses, QStringLiteral(TONEARM_VERSION))
+    , m_model(m_settings,
+              makeServices(resourceFolder, m_onlineServices, m_artworkFolder, m_panels, m_fileViewer))
     , m_mainWindow(m_model, m_genres)
 {
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_connections,
@@ -40,6 +49,8 @@ TonearmApp::TonearmApp(const QString &settingsFile, const std::optional<QString>
                          if (state == Qt::ApplicationActive)
                              checkTools();
                      });
+    QObject::connect(&m_mainWindow, &MainWindow::coverArtRequested, &m_connections,
+                     [this] { m_coverArtWindow.open(m_model); });
 }
 
 void TonearmApp::openMainWindow()

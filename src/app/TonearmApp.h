@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/screens/CoverArtWindow.h"
 #include "app/screens/MainWindow.h"
+#include "app/screens/SingleWindow.h"
 #include "app/settings/AppSettings.h"
 #include "app/settings/SettingsStore.h"
+#include "artwork/ArtworkFolder.h"
+#include "metadata/OnlineServices.h"
 #include "platform/DesktopFileViewer.h"
 #include "platform/DesktopPanels.h"
 #include "workflow/AppModel.h"
@@ -23,7 +27,9 @@ class TonearmApp
 public:
     /// `settingsFile` is where the settings are kept; `resourceFolder` is absent for a program that has
     /// lost its resources, which then says so in its window. Needs a QApplication.
-    TonearmApp(const QString &settingsFile, const std::optional<QString> &resourceFolder);
+    /// `addresses` are those of the online services.
+    TonearmApp(const QString &settingsFile, const std::optional<QString> &resourceFolder,
+               const ServiceAddresses &addresses = {});
 
     /// Shows the main window and starts what belongs to its opening.
     void openMainWindow();
@@ -40,8 +46,11 @@ private:
     GenreCatalog m_genres;
     DesktopPanels m_panels;
     DesktopFileViewer m_fileViewer;
+    std::shared_ptr<ArtworkFolder> m_artworkFolder;
+    OnlineServices m_onlineServices;
     AppModel m_model;
     MainWindow m_mainWindow;
+    SingleWindow<CoverArtWindow> m_coverArtWindow;
     // The end of the connections to the application.
     QObject m_connections;
 };

@@ -16,6 +16,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Names on Linux are case-sensitive, an extension isn't.
+QString nameFilter(const QStringList &extensions)
+{
+    QStringList patterns;
+    for (const QString &lower : extensions) {
+        const QString capitalised = lower.left(1).toUpper() + lower.mid(1);
+        for (const QString &spelling : {lower, lower.toUpper(), capitalised})
+            patterns.append(u"*."_s + spelling);
+    }
+    return patterns.join(u' ');
+}
+
 void setUp(QFileDialog &dialog, const OpenPanelRequest &request)
 {
     dialog.setWindowModality(Qt::WindowModal);
@@ -27,10 +39,7 @@ void setUp(QFileDialog &dialog, const OpenPanelRequest &request)
         return;
     }
     dialog.setFileMode(QFileDialog::ExistingFile);
-    // Names on Linux are case-sensitive, the extension isn't.
-    const QString lower = request.extension.toLower();
-    const QString capitalised = lower.left(1).toUpper() + lower.mid(1);
-    dialog.setNameFilter(u"*.%1 *.%2 *.%3"_s.arg(lower, lower.toUpper(), capitalised));
+    dialog.setNameFilter(nameFilter(request.extensions));
 }
 
 } // namespace

@@ -107,6 +107,8 @@ AudioMetadata AppModel::currentMetadata() const
     metadata.genre = trimmed(genre.value());
     metadata.discNumber = discNumber.value();
     metadata.discTotal = discTotal.value();
+    if (const std::optional<PreparedCoverArt> art = coverArt.value())
+        metadata.coverArtURL = art->url;
     return metadata;
 }
 

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "app/settings/AppSettings.h"
+#include "artwork/ArtworkFolder.h"
+#include "artwork/PreparedCoverArt.h"
 #include "encoding/AudioEncodingService.h"
 #include "encoding/ChapterExtractionService.h"
 #include "encoding/EncodingLog.h"
 #include "encoding/EncodingProgress.h"
+#include "metadata/CoverArtService.h"
+#include "metadata/MetadataSearchService.h"
 #include "support/TaskScope.h"
 #include "tools/CDParanoiaInstallation.h"
 #include "tools/ProcessRunner.h"
@@ -22,9 +26,11 @@
 #include "workflow/records/AudioMetadata.h"
 #include "workflow/records/AudioStreamInfo.h"
 #include "workflow/records/ChapterInfo.h"
+#include "workflow/records/ReleaseInfo.h"
 
 #include <QCoroTask>
 
+#include <QImage>
 #include <QList>
 #include <QObject>
 #include <QProperty>
@@ -57,6 +63,9 @@ public:
         ProcessRunner processRunner;
         ChapterExtractionService chapterExtractor;
         AudioEncodingService encoder;
+        MetadataSearchService &metadataSearch;
+        CoverArtService &coverArtService;
+        std::shared_ptr<ArtworkFolder> artworkFolder;
         Panels &panels;
         FileViewer &fileViewer;
         /// The application's version, for the logs.
@@ -83,6 +92,25 @@ public:
     QProperty<QString> genre;
     QProperty<QString> discNumber;
     QProperty<QString> discTotal;
+    QProperty<QList<ReleaseInfo>> searchResults;
+    /// The row chosen in the results; the sheet sets it before it calls selectRelease.
+    QProperty<std::optional<QString>> selectedReleaseID;
+    /// The release whose tracklist was loaded.
+    QProperty<std::optional<ReleaseInfo>> selectedRelease;
+    /// What went wrong in the last search.
+    QProperty<QList<MetadataSearchOutcome::Notice>> searchNotices;
+    QProperty<bool> isShowingSearchResults;
+    /// A search is under way.
+    QProperty<bool> isLoadingReleases;
+    /// The release whose tracklist is being fetched.
+    QProperty<std::optional<QString>> loadingReleaseID;
+    // The three of the cover are set and cleared together.
+    QProperty<std::optional<PreparedCoverArt>> coverArt;
+    /// The cover as the screen shows it; absent too if it couldn't be decoded for that.
+    QProperty<std::optional<QImage>> coverArtPreview;
+    /// Where the cover came from.
+    QProperty<std::optional<QString>> coverArtOrigin;
+    QProperty<bool> isFetchingArtwork;
     /// The units of the job. The user edits `mappedTitle`, through setMappedTitle.
     QProperty<QList<ChapterInfo>> chapters;
     QProperty<std::optional<AudioStreamInfo>> sourceAudio;
@@ -108,6 +136,7 @@ public:
 
     // A handle that is present means that the task runs. encodingTask alone tells whether a job is
     // under way.
+    QProperty<std::optional<TaskHandle>> searchTask;
     QProperty<std::optional<TaskHandle>> encodingTask;
     QProperty<std::optional<TaskHandle>> ffmpegCheckTask;
     QProperty<std::optional<TaskHandle>> confirmationTask;
@@ -120,6 +149,7 @@ public:
     std::optional<QString> sourceName() const;
     bool isFFmpegInstalled() const;
     bool canEncode() const;
+    bool canSearch() const;
     /// The status line.
     QString statusText() const;
     /// Those without a title that counts.
@@ -131,6 +161,15 @@ public:
     /// The part of it beneath the output folder, if there is one.
     std::optional<QString> destinationSubpath() const;
     std::optional<QString> yearWarning() const;
+    /// What to tell when the chosen release and the source differ in their number of tracks.
+    std::optional<QString> tracklistMismatchNote() const;
+    bool canFetchArtwork() const;
+    /// The text of the menu entry that calls fetchArtwork.
+    QString fetchArtworkTitle() const;
+    /// The cover's origin and sizes in one line.
+    std::optional<QString> coverArtCaption() const;
+    /// Set when the cover is larger than the size limit of the settings.
+    std::optional<QString> coverArtWarning() const;
     bool canRevealOutput() const;
     /// Whether the last job's log is still there. Looks at the file, so a binding doesn't notice when
     /// it goes.
@@ -155,6 +194,26 @@ public:
     /// `index` is the chapter's place in `chapters`; one that isn't there is ignored.
     void setMappedTitle(qsizetype index, const QString &title);
     void resetToSourceTitles();
+
+    // --- Releases -------------------------------------------------------------------------------
+
+    /// Asks the services for releases by the artist and the album as they are typed.
+    void startSearch();
+    /// Fetches the tracklist of one of the results and takes the release over; an id that isn't there
+    /// clears `selectedRelease`.
+    void selectRelease(const std::optional<QString> &id);
+    /// Copies the titles onto the chapters by position.
+    void applyTracklist(const QList<TrackInfo> &tracks);
+
+    // --- Cover art ------------------------------------------------------------------------------
+
+    void chooseCoverArt();
+    /// Returns whether the file was taken up. What the picture is comes out later: a file that isn't
+    /// one ends in an alert, and the art stays as it was.
+    bool useCoverArtFile(const QUrl &url);
+    /// Downloads the art of `selectedRelease`.
+    void fetchArtwork();
+    void clearCoverArt();
 
     // --- Encoding -------------------------------------------------------------------------------
 
@@ -189,6 +248,18 @@ private:
     void showInspectionFailure(const std::exception_ptr &error);
 
     QCoro::Task<> inspectSource(QUrl url, std::stop_token stop);
+    QCoro::Task<> search(QString byArtist, QString title, std::stop_token stop);
+    void showFound(const MetadataSearchOutcome &outcome);
+    QCoro::Task<> loadRelease(ReleaseInfo summary, std::stop_token stop);
+    void takeOver(const ReleaseInfo &release);
+
+    std::optional<qint64> artworkBudget() const;
+    QCoro::Task<> prepareUserFile(QUrl url, std::stop_token stop);
+    QCoro::Task<DownloadedCoverArt> fetchCover(ReleaseInfo release, std::stop_token stop);
+    QCoro::Task<> downloadArtwork(ReleaseInfo release, std::stop_token stop);
+    void setCoverArt(const PreparedCoverArt &prepared, const std::optional<QImage> &image,
+                     const QString &origin);
+
     QCoro::Task<> checkForOverwrites(QUrl destination, std::stop_token stop);
     bool canStartIn(const QUrl &folder) const;
     void beginJob();

@@ -6,6 +6,7 @@
 #include "support/Cancellation.h"
 #include "support/PathText.h"
 #include "workflow/EncodingJob.h"
+#include "workflow/JobCoverArt.h"
 
 #include <QDateTime>
 #include <QMetaObject>
@@ -59,9 +60,12 @@ QCoro::Task<> AppModel::encodeChapters(std::shared_ptr<EncodingJob> job, std::st
 {
     using Clock = std::chrono::steady_clock;
     const AudioEncodingService encoder = m_services.encoder;
-    const auto preparation = [encoder, job] {
+    const auto cover = std::make_shared<JobCoverArt>(m_services.artworkFolder);
+    const auto preparation = [encoder, job, cover] {
         encoder.validate(job->chapters, job->metadata);
         encoder.prepareOutputDirectory(job->destination);
+        if (job->metadata.coverArtURL)
+            job->metadata.coverArtURL = cover->withUsableName(*job->metadata.coverArtURL);
     };
     co_await inBackground(preparation);
 

@@ -34,7 +34,7 @@ void AppModel::chooseInputFile()
         OpenPanelRequest request;
         request.title = u"Select Input File"_s;
         request.prompt = u"Choose"_s;
-        request.extension = matroskaExtension;
+        request.extensions = QStringList{matroskaExtension};
         const std::optional<QUrl> chosen = co_await m_services.panels.choose(request, stop);
         if (chosen)
             requestFile(*chosen);
@@ -70,16 +70,19 @@ bool AppModel::holdsUserWork() const
     const QList<ChapterInfo> all = chapters.value();
     if (!hasSource() || all.isEmpty() || completion.value())
         return false;
-    return std::any_of(all.begin(), all.end(), isEdited);
+    return coverArt.value() || std::any_of(all.begin(), all.end(), isEdited);
 }
 
 QString AppModel::workSummary() const
 {
     const QList<ChapterInfo> all = chapters.value();
     const auto edited = std::count_if(all.begin(), all.end(), isEdited);
-    if (edited == 0)
-        return u"the current setup"_s;
-    return edited == 1 ? u"1 edited title"_s : u"%1 edited titles"_s.arg(edited);
+    QStringList pieces;
+    if (edited > 0)
+        pieces.append(edited == 1 ? u"1 edited title"_s : u"%1 edited titles"_s.arg(edited));
+    if (coverArt.value())
+        pieces.append(u"the cover art you chose"_s);
+    return pieces.isEmpty() ? u"the current setup"_s : pieces.join(u" and "_s);
 }
 
 void AppModel::requestFile(const QUrl &url)
@@ -110,6 +113,8 @@ void AppModel::loadFile(const QUrl &url)
     inputFileURL = url;
     chapters = QList<ChapterInfo>();
     sourceAudio = std::nullopt;
+    selectedRelease = std::nullopt;
+    selectedReleaseID = std::nullopt;
     encodedFiles = QList<QUrl>();
     lastOutputFolder = std::nullopt;
     encodingProgress = 0;
@@ -155,6 +160,12 @@ void AppModel::clearInputs()
     chapters = QList<ChapterInfo>();
     for (QProperty<QString> *field : {&artist, &albumTitle, &albumYear, &genre, &discNumber, &discTotal})
         *field = QString();
+    searchResults = QList<ReleaseInfo>();
+    searchNotices = QList<MetadataSearchOutcome::Notice>();
+    selectedRelease = std::nullopt;
+    selectedReleaseID = std::nullopt;
+    isShowingSearchResults = false;
+    clearCoverArt();
     encodedFiles = QList<QUrl>();
     encodingProgress = 0;
     currentState = WorkflowState::Kind::idle;

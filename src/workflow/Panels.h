@@ -4,6 +4,7 @@
 #include <QCoroTask>
 
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <optional>
@@ -20,8 +21,8 @@ struct OpenPanelRequest
     /// The text of the button that accepts.
     QString prompt;
     Target target = Target::file;
-    /// The only extension on offer, without its dot; files only.
-    QString extension = {};
+    /// The only extensions on offer, in lower case and without their dots; files only.
+    QStringList extensions = {};
 
     bool operator==(const OpenPanelRequest &) const = default;
 };

@@ -25,13 +25,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-AppModel::Services servicesFor(const ModelFixture::Options &options, Panels &panels, FileViewer &fileViewer)
+constexpr std::chrono::milliseconds shortInterval{1};
+
+AppModel::Services servicesFor(const ModelFixture::Options &options, OnlineServices &online,
+                               const std::shared_ptr<ArtworkFolder> &artworkFolder, Panels &panels,
+                               FileViewer &fileViewer)
 {
     return {
         .tools = options.tools,
         .processRunner = {},
         .chapterExtractor = ChapterExtractionService(options.tools),
         .encoder = AudioEncodingService(options.tools),
+        .metadataSearch = online.metadataSearch(),
+        .coverArtService = online.coverArt(),
+        .artworkFolder = artworkFolder,
         .panels = panels,
         .fileViewer = fileViewer,
         .appVersion = ModelFixture::appVersion(),
@@ -40,6 +47,22 @@ AppModel::Services servicesFor(const ModelFixture::Options &options, Panels &pan
 }
 
 } // namespace
+
+ServiceAddresses ModelFixture::noServices()
+{
+    // The port that is reserved for throwing away.
+    return servicesAt(u"http://127.0.0.1:9"_s);
+}
+
+ServiceAddresses ModelFixture::servicesAt(const QString &origin)
+{
+    return {origin, origin, origin, origin, origin};
+}
+
+QStringList ModelFixture::temporaryArtwork() const
+{
+    return QDir(path(u"Tonearm/Artwork"_s)).entryList(QDir::Files, QDir::Name);
+}
 
 ToolLocation bundledTools()
 {
@@ -59,10 +82,13 @@ ModelFixture::ModelFixture()
 ModelFixture::ModelFixture(const Options &options)
     : m_store(path(u"settings.json"_s))
     , m_settings(m_store)
+    , m_artworkFolder(std::make_shared<ArtworkFolder>(m_folder.path()))
+    , m_onlineServices(options.addresses, appVersion(), {shortInterval, shortInterval})
 {
     if (options.defaultOutputDirectory)
         m_settings.setDefaultOutputDirectory(options.defaultOutputDirectory);
-    m_model = std::make_unique<AppModel>(m_settings, servicesFor(options, m_panels, m_fileViewer));
+    m_model = std::make_unique<AppModel>(
+        m_settings, servicesFor(options, m_onlineServices, m_artworkFolder, m_panels, m_fileViewer));
     m_onJobChange = m_model->encodingTask.addNotifier([this] {
         if (!m_model->encodingTask.value())
             ++m_endedJobs;

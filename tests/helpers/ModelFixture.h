@@ -3,8 +3,10 @@
 
 #include "app/settings/AppSettings.h"
 #include "app/settings/SettingsStore.h"
+#include "artwork/ArtworkFolder.h"
 #include "helpers/FakeFileViewer.h"
 #include "helpers/FakePanels.h"
+#include "metadata/OnlineServices.h"
 #include "tools/ToolLocation.h"
 #include "workflow/AppModel.h"
 
@@ -40,7 +42,15 @@ public:
         ToolLocation tools = bundledTools();
         std::chrono::milliseconds announcementTime{20};
         std::optional<QUrl> defaultOutputDirectory = {};
+        /// Where the online services are; by default nowhere.
+        ServiceAddresses addresses = noServices();
     };
+
+    /// Addresses at which nobody answers.
+    static ServiceAddresses noServices();
+
+    /// All services at one origin.
+    static ServiceAddresses servicesAt(const QString &origin);
 
     /// The version that the logs tell.
     static QString appVersion();
@@ -69,6 +79,9 @@ public:
 
     QUrl url(const QString &name) const { return QUrl::fromLocalFile(path(name)); }
 
+    /// The names of what lies in the folder for artwork.
+    QStringList temporaryArtwork() const;
+
     /// A place in "out", the output folder of prepareJob.
     QString outputPath(const QString &name = {}) const;
 
@@ -94,6 +107,8 @@ private:
     AppSettings m_settings;
     FakePanels m_panels;
     FakeFileViewer m_fileViewer;
+    std::shared_ptr<ArtworkFolder> m_artworkFolder;
+    OnlineServices m_onlineServices;
     std::unique_ptr<AppModel> m_model;
     int m_endedJobs = 0;
     int m_awaitedJobs = 0;

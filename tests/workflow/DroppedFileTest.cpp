@@ -102,7 +102,7 @@ TEST(InputPanel, OffersOneMatroskaFile)
     const OpenPanelRequest expected = {.title = u"Select Input File"_s,
                                        .prompt = u"Choose"_s,
                                        .target = OpenPanelRequest::Target::file,
-                                       .extension = u"mkv"_s};
+                                       .extensions = {u"mkv"_s}};
     EXPECT_EQ(fixture.panels().requests(), QList{expected});
 }
 

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The picture that a job embeds: where it comes from, what is told of it, and its end.
+#include "workflow/AppModel.h"
+
+#include "artwork/ByteCountText.h"
+#include "artwork/CoverArtError.h"
+#include "artwork/CoverArtPreparation.h"
+#include "artwork/PictureDecoding.h"
+#include "support/Background.h"
+#include "support/Cancellation.h"
+#include "support/PathText.h"
+
+#include <QFile>
+
+#include <utility>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 bytesPerKilobyte = 1024;
+
+const QStringList &coverArtExtensions()
+{
+    static const QStringList extensions = {u"jpg"_s, u"jpeg"_s, u"png"_s};
+    return extensions;
+}
+
+struct UsableArt
+{
+    PreparedCoverArt prepared;
+    std::optional<QImage> picture;
+};
+
+// What a download is saved as, prepared. If it can't be, the saved file goes again.
+UsableArt saveAndPrepare(const std::shared_ptr<ArtworkFolder> &folder, const DownloadedCoverArt &download,
+                         std::optional<qint64> budget)
+{
+    const QString suffix = displayName(download.source) + u"-cover."_s + download.fileExtension;
+    const QUrl saved = folder->save(download.data, suffix);
+    try {
+        const PreparedCoverArt prepared = CoverArtPreparation(folder).prepare(saved, budget);
+        return {prepared, screenPicture(prepared.url)};
+    } catch (...) {
+        folder->discard(saved);
+        throw;
+    }
+}
+
+} // namespace
+
+std::optional<qint64> AppModel::artworkBudget() const
+{
+    if (!m_settings.shrinkOversizedArtwork())
+        return std::nullopt;
+    return m_settings.artworkSizeBudgetKilobytes() * bytesPerKilobyte;
+}
+
+void AppModel::setCoverArt(const PreparedCoverArt &prepared, const std::optional<QImage> &image,
+                           const QString &origin)
+{
+    const std::optional<PreparedCoverArt> old = coverArt.value();
+    coverArt = prepared;
+    coverArtPreview = image;
+    coverArtOrigin = origin;
+    if (!old || old->url == prepared.url)
+        return;
+    m_services.artworkFolder->discard(old->url);
+    m_services.artworkFolder->discard(old->originalURL);
+}
+
+void AppModel::clearCoverArt()
+{
+    if (const std::optional<PreparedCoverArt> old = coverArt.value()) {
+        m_services.artworkFolder->discard(old->url);
+        m_services.artworkFolder->discard(old->originalURL);
+    }
+    coverArt = std::nullopt;
+    coverArtPreview = std::nullopt;
+    coverArtOrigin = std::nullopt;
+}
+
+void AppModel::chooseCoverArt()
+{
+    m_tasks.start([this](std::stop_token stop) -> QCoro::Task<> {
+        OpenPanelRequest request;
+        request.title = u"Select Cover Art"_s;
+        request.prompt = u"Choose"_s;
+        request.extensions = coverArtExtensions();
+        const std::optional<QUrl> chosen = co_await m_services.panels.choose(request, stop);
+        if (chosen)
+            useCoverArtFile(*chosen);
+    });
+}
+
+bool AppModel::useCoverArtFile(const QUrl &url)
+{
+    if (!coverArtExtensions().contains(lowerCaseExtension(url))) {
+        alert = AlertContent(
+            u"Unsupported Image"_s,
+            u"\"%1\" isn't a JPEG or PNG. FLAC cover art has to be one of those two formats."_s.arg(
+                lastPathComponent(url)));
+        return false;
+    }
+    m_tasks.start([this, url](std::stop_token stop) { return prepareUserFile(url, stop); });
+    return true;
+}
+
+QCoro::Task<> AppModel::prepareUserFile(QUrl url, std::stop_token stop)
+{
+    const auto decoding = [url] { return screenPicture(url); };
+    const std::optional<QImage> picture = co_await inBackground(decoding);
+    throwIfCancelled(stop);
+    if (!picture) {
+        alert = AlertContent(u"Couldn't Read Image"_s,
+                             u"\"%1\" couldn't be opened as an image."_s.arg(lastPathComponent(url)));
+        co_return;
+    }
+    try {
+        const auto preparation = [url, budget = artworkBudget(), folder = m_services.artworkFolder] {
+            return CoverArtPreparation(folder).prepare(url, budget);
+        };
+        const PreparedCoverArt prepared = co_await inBackground(preparation);
+        setCoverArt(prepared, picture, u"Dropped file"_s);
+    } catch (...) {
+        alert = AlertContent(u"Couldn't Use Image"_s, std::current_exception());
+    }
+}
+
+bool AppModel::canFetchArtwork() const
+{
+    return selectedRelease.value() && !isFetchingArtwork.value();
+}
+
+QString AppModel::fetchArtworkTitle() const
+{
+    const std::optional<ReleaseInfo> release = selectedRelease.value();
+    return release ? QString(u"Download from "_s + displayName(release->source)) : u"Download Artwork"_s;
+}
+
+void AppModel::fetchArtwork()
+{
+    if (isFetchingArtwork.value())
+        return;
+    const std::optional<ReleaseInfo> release = selectedRelease.value();
+    if (!release) {
+        alert = AlertContent(u"No Release Selected"_s,
+                             std::make_exception_ptr(CoverArtError::noReleaseSelected()));
+        return;
+    }
+    isFetchingArtwork = true;
+    m_tasks.start(
+        [this, release = *release](std::stop_token stop) { return downloadArtwork(release, stop); });
+}
+
+QCoro::Task<DownloadedCoverArt> AppModel::fetchCover(ReleaseInfo release, std::stop_token stop)
+{
+    if (release.source == MetadataSource::musicBrainz)
+        co_return co_await m_services.coverArtService.fetchForMusicBrainz(release.id, stop);
+    co_return co_await m_services.coverArtService.fetchForDiscogs(release, stop);
+}
+
+QCoro::Task<> AppModel::downloadArtwork(ReleaseInfo release, std::stop_token stop)
+{
+    try {
+        const DownloadedCoverArt download = co_await fetchCover(release, stop);
+        const auto preparation = [download, budget = artworkBudget(), folder = m_services.artworkFolder] {
+            return saveAndPrepare(folder, download, budget);
+        };
+        const UsableArt art = co_await inBackground(preparation);
+        setCoverArt(art.prepared, art.picture, displayName(download.source));
+    } catch (const CancellationError &) {
+        isFetchingArtwork = false;
+        throw;
+    } catch (...) {
+        alert = AlertContent(u"Couldn't Fetch Artwork"_s, std::current_exception());
+    }
+    isFetchingArtwork = false;
+}
+
+std::optional<QString> AppModel::coverArtCaption() const
+{
+    const std::optional<PreparedCoverArt> art = coverArt.value();
+    if (!art)
+        return std::nullopt;
+    QStringList pieces;
+    if (const std::optional<QString> origin = coverArtOrigin.value())
+        pieces.append(*origin);
+    pieces.append(u"%1 × %2"_s.arg(art->pixelWidth).arg(art->pixelHeight));
+    pieces.append(byteCountText(art->byteCount));
+    const QString caption = pieces.join(u" · "_s);
+    if (art->url == art->originalURL)
+        return caption;
+    return QString(caption + u" (shrunk from "_s + byteCountText(art->originalByteCount) + u')');
+}
+
+std::optional<QString> AppModel::coverArtWarning() const
+{
+    const std::optional<PreparedCoverArt> art = coverArt.value();
+    const qint64 limit = m_settings.artworkSizeBudgetKilobytes();
+    if (!art || art->byteCount <= limit * bytesPerKilobyte)
+        return std::nullopt;
+    const QString size = byteCountText(art->byteCount);
+    if (m_settings.shrinkOversizedArtwork())
+        return u"Artwork is %1 — it couldn't be squeezed under %2 KB. Some players won't show it."_s.arg(
+            size, QString::number(limit));
+    return u"Artwork is %1, over the %2 KB limit. Some players won't show it. Turn on shrinking in Settings to fix that."_s
+        .arg(size, QString::number(limit));
+}
+
+} // namespace tonearm

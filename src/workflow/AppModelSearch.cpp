@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The search for releases, and how a chosen one fills in the job.
+#include "workflow/AppModel.h"
+
+#include "support/Cancellation.h"
+#include "support/Text.h"
+#include "workflow/records/DigitText.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString foundMessage(qsizetype count)
+{
+    if (count == 0)
+        return u"No releases matched that artist and album."_s;
+    return count == 1 ? u"Found 1 release."_s : u"Found %1 releases."_s.arg(count);
+}
+
+QString mappedMessage(qsizetype tracks, qsizetype chapters)
+{
+    if (tracks == 0)
+        return u"That release has no tracklist. Enter titles by hand."_s;
+    return u"Mapped %1 titles onto the chapters."_s.arg(std::min(tracks, chapters));
+}
+
+void setUnlessEmpty(QProperty<QString> &field, const QString &text)
+{
+    if (!text.isEmpty())
+        field = text;
+}
+
+qsizetype indexOf(const QList<ReleaseInfo> &releases, const QString &id)
+{
+    const auto hasId = [&id](const ReleaseInfo &release) { return release.id == id; };
+    const auto found = std::find_if(releases.begin(), releases.end(), hasId);
+    return found == releases.end() ? -1 : found - releases.begin();
+}
+
+} // namespace
+
+bool AppModel::canSearch() const
+{
+    return !searchTask.value() &&
+           (!trimmed(artist.value()).isEmpty() || !trimmed(albumTitle.value()).isEmpty());
+}
+
+void AppModel::startSearch()
+{
+    if (!canSearch())
+        return;
+    currentState = WorkflowState::Kind::searchingMetadata;
+    searchResults = QList<ReleaseInfo>();
+    searchNotices = QList<MetadataSearchOutcome::Notice>();
+    selectedReleaseID = std::nullopt;
+    isLoadingReleases = true;
+    searchTask = m_tasks.start([this, by = artist.value(), title = albumTitle.value()](std::stop_token stop) {
+        return search(by, title, stop);
+    });
+}
+
+QCoro::Task<> AppModel::search(QString byArtist, QString title, std::stop_token stop)
+{
+    const MetadataSearchOutcome outcome = co_await m_services.metadataSearch.search(byArtist, title, stop);
+    if (!stop.stop_requested())
+        showFound(outcome);
+    searchTask = std::nullopt;
+    isLoadingReleases = false;
+}
+
+void AppModel::showFound(const MetadataSearchOutcome &outcome)
+{
+    searchResults = outcome.releases;
+    searchNotices = outcome.notices;
+    currentState =
+        chapters.value().isEmpty() ? WorkflowState::Kind::idle : WorkflowState::Kind::awaitingUserMapping;
+    isShowingSearchResults = !outcome.releases.isEmpty();
+    progressMessage = foundMessage(outcome.releases.size());
+}
+
+void AppModel::selectRelease(const std::optional<QString> &id)
+{
+    const QList<ReleaseInfo> releases = searchResults.value();
+    const qsizetype index = id ? indexOf(releases, *id) : -1;
+    if (index < 0) {
+        selectedRelease = std::nullopt;
+        return;
+    }
+    loadingReleaseID = id;
+    m_tasks.start(
+        [this, summary = releases[index]](std::stop_token stop) { return loadRelease(summary, stop); });
+}
+
+// Nothing keeps a second choice from being made meanwhile; the one that comes back last counts.
+QCoro::Task<> AppModel::loadRelease(ReleaseInfo summary, std::stop_token stop)
+{
+    try {
+        const ReleaseInfo release = co_await m_services.metadataSearch.complete(summary, stop);
+        throwIfCancelled(stop);
+        takeOver(release);
+    } catch (const CancellationError &) {
+        throw;
+    } catch (...) {
+        currentState = WorkflowState::error(describe(std::current_exception()).description);
+        alert = AlertContent(u"Couldn't Load Tracklist"_s, std::current_exception());
+    }
+    loadingReleaseID = std::nullopt;
+}
+
+void AppModel::takeOver(const ReleaseInfo &release)
+{
+    selectedRelease = release;
+    QList<ReleaseInfo> releases = searchResults.value();
+    if (const qsizetype index = indexOf(releases, release.id); index >= 0) {
+        releases[index] = release;
+        searchResults = releases;
+    }
+    if (m_settings.autoMapOnSelect())
+        applyTracklist(release.tracks);
+    setUnlessEmpty(artist, release.artist);
+    setUnlessEmpty(albumTitle, release.title);
+    setUnlessEmpty(albumYear, firstFourDigits(release.year));
+    if (release.matchedDiscPosition && release.discCount && *release.discCount >= 2) {
+        discNumber = QString::number(*release.matchedDiscPosition);
+        discTotal = QString::number(*release.discCount);
+    }
+    currentState = WorkflowState::Kind::awaitingUserMapping;
+    progressMessage = mappedMessage(release.tracks.size(), chapters.value().size());
+    isShowingSearchResults = false;
+}
+
+// By position alone: a release may name, number and time its tracks as it likes.
+void AppModel::applyTracklist(const QList<TrackInfo> &tracks)
+{
+    QList<ChapterInfo> mapped = chapters.value();
+    for (qsizetype index = 0; index < mapped.size(); ++index)
+        mapped[index].mappedTitle = index < tracks.size() ? tracks[index].title : mapped[index].originalTitle;
+    chapters = mapped;
+}
+
+std::optional<QString> AppModel::tracklistMismatchNote() const
+{
+    const std::optional<ReleaseInfo> release = selectedRelease.value();
+    const qsizetype chapterCount = chapters.value().size();
+    const qsizetype trackCount = release ? release->tracks.size() : 0;
+    if (trackCount == 0 || chapterCount == 0 || trackCount == chapterCount)
+        return std::nullopt;
+    const QString sentence =
+        u"This release has %1 tracks but the file has %2 chapters. "_s.arg(trackCount).arg(chapterCount);
+    if (trackCount > chapterCount)
+        return QString(sentence + u"The last %1 tracks were ignored."_s.arg(trackCount - chapterCount));
+    return QString(sentence +
+                   u"The last %1 kept their original chapter titles."_s.arg(chapterCount - trackCount));
+}
+
+} // namespace tonearm

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workflow/JobCoverArt.h"
+
+#include "support/PathText.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+bool readsAsSeries(const QUrl &url)
+{
+    static const QRegularExpression number(u"%[0-9]*d"_s);
+    return url.toLocalFile().contains(number);
+}
+
+JobCoverArt::JobCoverArt(std::shared_ptr<ArtworkFolder> folder)
+    : m_folder(std::move(folder))
+{
+}
+
+JobCoverArt::~JobCoverArt()
+{
+    if (m_copy)
+        m_folder->discard(*m_copy);
+}
+
+QUrl JobCoverArt::withUsableName(const QUrl &cover)
+{
+    if (!readsAsSeries(cover))
+        return cover;
+    QFile file(cover.toLocalFile());
+    if (!file.open(QFile::ReadOnly))
+        throw std::system_error(ENOENT, std::generic_category(), file.fileName().toStdString());
+    m_copy = m_folder->save(file.readAll(), u"job."_s + lowerCaseExtension(cover));
+    return *m_copy;
+}
+
+} // namespace tonearm
