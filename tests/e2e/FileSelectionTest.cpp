@@ -79,7 +79,7 @@ TEST_F(FileSelectionTest, TakesAFileFromThePanel)
     ASSERT_TRUE(eventually([this] { return surroundings.panels().openCount() == 1; }));
     EXPECT_EQ(
         surroundings.panels().requests().first(),
-        (OpenPanelRequest{u"Select Input File"_s, u"Choose"_s, OpenPanelRequest::Target::file, u"mkv"_s}));
+        (OpenPanelRequest{u"Select Input File"_s, u"Choose"_s, OpenPanelRequest::Target::file, {u"mkv"_s}}));
     surroundings.panels().answer(source);
     window.waitFor(u"Song title for chapter 2"_s);
     EXPECT_EQ(model.inputFileURL.value(), source);

@@ -81,6 +81,7 @@ TEST_F(KeyboardTest, GoesThroughAnEmptyWindowFromTopToBottomAndBack)
                              u"Number of discs"_s,
                              u"Genre"_s,
                              u"Choose from the default genres"_s,
+                             u"Cover art drop area"_s,
                              u"Use Chapter Titles"_s};
     EXPECT_EQ(stops(Qt::Key_Tab), all);
     EXPECT_EQ(stops(Qt::Key_Backtab), reversedAfterFirst(all));
@@ -103,6 +104,8 @@ TEST_F(KeyboardTest, GoesThroughAFilledWindowFromTopToBottomAndBack)
                              u"Number of discs"_s,
                              u"Genre"_s,
                              u"Choose from the default genres"_s,
+                             u"Search"_s,
+                             u"Cover art drop area"_s,
                              u"Use Chapter Titles"_s,
                              u"Song title for chapter 1"_s,
                              u"Song title for chapter 2"_s,

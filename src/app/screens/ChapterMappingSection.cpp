@@ -4,6 +4,7 @@
 #include "app/screens/Bind.h"
 #include "app/screens/ChapterTable.h"
 #include "app/screens/EncodingTexts.h"
+#include "app/screens/IconLabel.h"
 #include "app/screens/TextStyle.h"
 #include "workflow/AppModel.h"
 
@@ -37,6 +38,7 @@ ChapterMappingSection::ChapterMappingSection(AppModel &model, QWidget *parent)
     bind(
         this, [&model] { return chapterHeading(model.chapters.value().size()); }, &SectionBox::setTitle);
     addExplanation();
+    addMismatchNote();
     addTable();
 }
 
@@ -62,8 +64,39 @@ void ChapterMappingSection::addExplanation()
 
     auto *row = new QHBoxLayout;
     row->addWidget(explanation, 1);
+    row->addWidget(makeReapplyButton());
     row->addWidget(reset);
     content()->addLayout(row);
+}
+
+QWidget *ChapterMappingSection::makeReapplyButton()
+{
+    auto *button = new QPushButton(u"Re-apply Tracklist"_s, this);
+    button->setToolTip(u"Copy this release's track titles onto the chapters again"_s);
+    connect(button, &QPushButton::clicked, this, [this] {
+        if (const std::optional<ReleaseInfo> release = m_model.selectedRelease.value())
+            m_model.applyTracklist(release->tracks);
+    });
+    bind(
+        button,
+        [this] {
+            const std::optional<ReleaseInfo> release = m_model.selectedRelease.value();
+            return !m_model.encodingTask.value() && release && !release->tracks.isEmpty();
+        },
+        &QWidget::setVisible);
+    return button;
+}
+
+void ChapterMappingSection::addMismatchNote()
+{
+    auto *note = new IconLabel(IconName::warning, Tone::warning, this);
+    bind(
+        note, [this] { return m_model.tracklistMismatchNote(); },
+        [](IconLabel *label, const std::optional<QString> &text) {
+            label->setText(text.value_or(QString()));
+            label->setVisible(text.has_value());
+        });
+    content()->addWidget(note);
 }
 
 void ChapterMappingSection::addTable()

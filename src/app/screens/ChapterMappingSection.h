@@ -17,6 +17,8 @@ public:
 
 private:
     void addExplanation();
+    QWidget *makeReapplyButton();
+    void addMismatchNote();
     void addTable();
 
     AppModel &m_model;

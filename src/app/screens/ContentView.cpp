@@ -29,7 +29,9 @@ ContentView::ContentView(AppModel &model, const GenreCatalog &genres, QWidget *p
     layout->addWidget(new FFmpegBanner(model));
     layout->addWidget(new FileSelectionSection(model));
     layout->addWidget(new Divider);
-    layout->addWidget(new MetadataSearchSection(model, genres));
+    auto *metadata = new MetadataSearchSection(model, genres);
+    connect(metadata, &MetadataSearchSection::coverArtRequested, this, &ContentView::coverArtRequested);
+    layout->addWidget(metadata);
     layout->addWidget(new Divider);
     layout->addWidget(new ChapterMappingSection(model), 1);
     layout->addWidget(new Divider);

@@ -16,6 +16,10 @@ class ContentView : public QScrollArea
 
 public:
     ContentView(AppModel &model, const GenreCatalog &genres, QWidget *parent = nullptr);
+
+Q_SIGNALS:
+    /// The user wants to see the cover in its window.
+    void coverArtRequested();
 };
 
 } // namespace tonearm

@@ -48,6 +48,8 @@ QString fileStem(IconName name)
         return u"gear-warning"_s;
     case IconName::cancel:
         return u"cancel"_s;
+    case IconName::search:
+        return u"search"_s;
     case IconName::cdBadge:
         return u"badge-cd"_s;
     case IconName::hiresBadge:

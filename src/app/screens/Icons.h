@@ -24,6 +24,7 @@ enum class IconName {
     picture,
     gearWarning,
     cancel,
+    search,
     cdBadge,
     hiresBadge,
 };

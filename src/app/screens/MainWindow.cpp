@@ -4,6 +4,7 @@
 #include "app/screens/Bind.h"
 #include "app/screens/ContentView.h"
 #include "app/screens/MainWindowQuestions.h"
+#include "app/screens/ReleaseResultsSheet.h"
 #include "workflow/AppModel.h"
 
 #include <QCloseEvent>
@@ -26,7 +27,10 @@ MainWindow::MainWindow(AppModel &model, const GenreCatalog &genres)
     setWindowTitle(u"Tonearm"_s);
     setMinimumSize(smallestSize);
     resize(defaultSize);
-    setCentralWidget(new ContentView(model, genres, this));
+    auto *content = new ContentView(model, genres, this);
+    connect(content, &ContentView::coverArtRequested, this, &MainWindow::coverArtRequested);
+    setCentralWidget(content);
+    showReleaseResults(this, model);
     showQuestions(this, model);
 
     addShortcut(Qt::CTRL | Qt::Key_I, [&model] { model.chooseInputFile(); });

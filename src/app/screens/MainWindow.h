@@ -18,6 +18,10 @@ class MainWindow : public QMainWindow
 public:
     MainWindow(AppModel &model, const GenreCatalog &genres);
 
+Q_SIGNALS:
+    /// The user wants to see the cover in its window.
+    void coverArtRequested();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 

@@ -2,15 +2,21 @@
 #include "app/screens/MetadataSearchSection.h"
 
 #include "app/screens/Bind.h"
+#include "app/screens/ButtonSpinner.h"
+#include "app/screens/CoverArtWell.h"
 #include "app/screens/GenreField.h"
 #include "app/screens/IconLabel.h"
 #include "app/screens/ModelTextBox.h"
+#include "app/screens/NoticeList.h"
+#include "app/screens/ReleaseLine.h"
 #include "workflow/AppModel.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
 
 namespace tonearm {
 
@@ -41,28 +47,80 @@ MetadataSearchSection::MetadataSearchSection(AppModel &model, const GenreCatalog
     : SectionBox(2, u"Album Metadata"_s, parent)
     , m_model(model)
 {
+    auto *left = new QVBoxLayout;
+    left->setSpacing(gap);
+    addFields(left, genres);
+    addYearWarning(left);
+    left->addStretch(1);
+
+    auto *cover = new CoverArtWell(model, this);
+    connect(cover, &CoverArtWell::viewingRequested, this, &MetadataSearchSection::coverArtRequested);
+    auto *columns = new QHBoxLayout;
+    columns->setSpacing(gapBetweenGroups);
+    columns->addLayout(left, 1);
+    columns->addWidget(cover, 0, Qt::AlignTop);
+    content()->addLayout(columns);
+
+    auto *notices = new NoticeList(TextStyle::secondary, this);
+    bind(
+        notices, [&model] { return model.searchNotices.value(); }, &NoticeList::setNotices);
+    content()->addWidget(notices);
+    content()->addWidget(new ReleaseLine(model, this));
+}
+
+void MetadataSearchSection::addFields(QBoxLayout *column, const GenreCatalog &genres)
+{
     auto *fields = new QGridLayout;
     fields->setHorizontalSpacing(gap);
     fields->setVerticalSpacing(gap);
     fields->setColumnStretch(1, 1);
-    QLineEdit *artist = makeModelTextBox(model.artist, u"Artist"_s, this);
+    QLineEdit *artist = makeModelTextBox(m_model.artist, u"Artist"_s, this);
     addField(fields, u"Artist"_s, artist, artist);
-    QLineEdit *albumTitle = makeModelTextBox(model.albumTitle, u"Album Title"_s, this);
+    QLineEdit *albumTitle = makeModelTextBox(m_model.albumTitle, u"Album Title"_s, this);
     addField(fields, u"Album Title"_s, albumTitle, albumTitle);
+    for (QLineEdit *box : {artist, albumTitle})
+        connect(box, &QLineEdit::returnPressed, this, [this] { m_model.startSearch(); });
     auto *yearAndDisc = new QWidget(this);
     addField(fields, u"Year"_s, yearAndDisc, fillYearAndDisc(yearAndDisc));
-    auto *genre = new GenreField(model, genres, this);
+    auto *genre = new GenreField(m_model, genres, this);
     addField(fields, u"Genre"_s, genre, genre->box());
-    content()->addLayout(fields);
+    fields->addWidget(makeSearchButton(), fields->rowCount() - 1, 1, Qt::AlignRight | Qt::AlignVCenter);
+    column->addLayout(fields);
+}
 
+QWidget *MetadataSearchSection::makeSearchButton()
+{
+    const QString word = u"Search"_s;
+    auto *button = new QPushButton(word, this);
+    button->setAccessibleName(word);
+    // The same with the word and with the spinner.
+    button->setMinimumWidth(button->sizeHint().width());
+    auto *spinner = new ButtonSpinner(button);
+    connect(button, &QPushButton::clicked, this, [this] { m_model.startSearch(); });
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(Qt::CTRL | key, this), &QShortcut::activated, this,
+                [this] { m_model.startSearch(); });
+    bind(
+        button, [this] { return m_model.canSearch(); }, &QWidget::setEnabled);
+    bind(
+        button, [this] { return m_model.searchTask.value().has_value(); },
+        [word, spinner](QPushButton *shown, bool isSearching) {
+            shown->setText(isSearching ? QString() : word);
+            spinner->setVisible(isSearching);
+        });
+    return button;
+}
+
+void MetadataSearchSection::addYearWarning(QBoxLayout *column)
+{
     auto *warning = new IconLabel(IconName::warning, Tone::warning, this);
     bind(
-        warning, [&model] { return model.yearWarning(); },
+        warning, [this] { return m_model.yearWarning(); },
         [](IconLabel *label, const std::optional<QString> &text) {
             label->setText(text.value_or(QString()));
             label->setVisible(text.has_value());
         });
-    content()->addWidget(warning);
+    column->addWidget(warning);
 }
 
 // Returns the year's box.

@@ -3,6 +3,7 @@
 
 #include "app/screens/SectionBox.h"
 
+class QBoxLayout;
 class QLineEdit;
 
 namespace tonearm {
@@ -10,7 +11,7 @@ namespace tonearm {
 class AppModel;
 class GenreCatalog;
 
-/// Section 2: what the tags say of the album.
+/// Section 2: what the tags say of the album, the search that fills it in, and the cover.
 class MetadataSearchSection : public SectionBox
 {
     Q_OBJECT
@@ -18,7 +19,14 @@ class MetadataSearchSection : public SectionBox
 public:
     MetadataSearchSection(AppModel &model, const GenreCatalog &genres, QWidget *parent = nullptr);
 
+Q_SIGNALS:
+    /// The user wants to see the cover in its window.
+    void coverArtRequested();
+
 private:
+    void addFields(QBoxLayout *column, const GenreCatalog &genres);
+    QWidget *makeSearchButton();
+    void addYearWarning(QBoxLayout *column);
     QLineEdit *fillYearAndDisc(QWidget *group);
 
     AppModel &m_model;

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/ArtworkWindow.h"
+
+#include "app/screens/Divider.h"
+#include "app/screens/IconView.h"
+#include "app/screens/TextStyle.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tonearm {
+
+namespace {
+
+constexpr QSize defaultSize(620, 680);
+constexpr QSize smallestSize(300, 260);
+// Around the picture, and for the line below it.
+constexpr QSize roomBeside(20, 20 + 44);
+constexpr double largestShareOfScreen = 0.9;
+constexpr int sideWhereUnknown = 600;
+constexpr int summaryPadding = 10;
+constexpr int iconSide = 48;
+constexpr int gap = 8;
+
+} // namespace
+
+QRect fittedFrame(const QSize &picture, const QRect &frame, const QSize &margins,
+                  const std::optional<QRect> &screen)
+{
+    QSize content = picture + roomBeside;
+    if (screen)
+        content = content.boundedTo(screen->size() * largestShareOfScreen);
+    content = content.expandedTo(smallestSize);
+    QRect fitted(frame.topLeft(), content + margins);
+    if (!screen)
+        return fitted;
+    fitted.moveLeft(std::max(screen->left(), std::min(fitted.left(), screen->right() + 1 - fitted.width())));
+    fitted.moveTop(std::max(screen->top(), std::min(fitted.top(), screen->bottom() + 1 - fitted.height())));
+    return fitted;
+}
+
+ArtworkWindow::ArtworkWindow(const QString &title, const ArtworkPlaceholder &placeholder)
+    : m_places(new QStackedWidget(this))
+{
+    setWindowTitle(title);
+    setMinimumSize(smallestSize);
+    resize(defaultSize);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_places);
+    m_places->addWidget(makePlaceholder(placeholder));
+    m_places->addWidget(makePictureView());
+    for (const QKeySequence &keys : {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::Key_Escape)})
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, &QWidget::close);
+}
+
+QWidget *ArtworkWindow::makePlaceholder(const ArtworkPlaceholder &placeholder)
+{
+    auto *place = new QWidget(this);
+    auto *title = new QLabel(placeholder.title, place);
+    applyTextStyle(title, TextStyle::heading);
+    auto *text = new QLabel(placeholder.text, place);
+    applyTextStyle(text, TextStyle::secondary);
+    text->setAlignment(Qt::AlignHCenter);
+    text->setWordWrap(true);
+    auto *column = new QVBoxLayout(place);
+    column->setSpacing(gap);
+    column->addStretch(1);
+    column->addWidget(new IconView(IconName::picture, Tone::secondary, place, iconSide), 0, Qt::AlignHCenter);
+    column->addWidget(title, 0, Qt::AlignHCenter);
+    column->addWidget(text);
+    column->addStretch(1);
+    return place;
+}
+
+QWidget *ArtworkWindow::makePictureView()
+{
+    auto *place = new QWidget(this);
+    m_picture = new QLabel;
+    m_picture->setScaledContents(true);
+    m_picture->setAccessibleName(windowTitle());
+    auto *area = new QScrollArea(place);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setAlignment(Qt::AlignCenter);
+    area->setAccessibleName(windowTitle());
+    area->setWidget(m_picture);
+    m_summary = new QLabel(place);
+    m_summary->setTextFormat(Qt::PlainText);
+    m_summary->setAlignment(Qt::AlignCenter);
+    m_summary->setWordWrap(true);
+    m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_summary->setContentsMargins(summaryPadding, summaryPadding, summaryPadding, summaryPadding);
+    auto *column = new QVBoxLayout(place);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(area, 1);
+    column->addWidget(new Divider(place));
+    column->addWidget(m_summary);
+    return place;
+}
+
+void ArtworkWindow::setArtwork(const std::optional<ViewedArtwork> &artwork)
+{
+    m_places->setCurrentIndex(artwork ? 1 : 0);
+    m_size = artwork ? artwork->size : std::nullopt;
+    if (!artwork) {
+        m_picture->clear();
+        m_summary->clear();
+        return;
+    }
+    m_picture->setPixmap(QPixmap::fromImage(artwork->picture));
+    m_picture->resize(m_size.value_or(QSize(sideWhereUnknown, sideWhereUnknown)));
+    m_summary->setText(artwork->summary);
+    m_summary->setVisible(!artwork->summary.isEmpty());
+    if (isVisible())
+        fit();
+}
+
+void ArtworkWindow::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (m_places->currentIndex() == 1)
+        fit();
+}
+
+void ArtworkWindow::fit()
+{
+    const QSize picture = m_size.value_or(QSize(sideWhereUnknown, sideWhereUnknown));
+    const QSize margins = frameGeometry().size() - size();
+    const std::optional<QRect> free = screen() ? std::optional(screen()->availableGeometry()) : std::nullopt;
+    const QRect frame = fittedFrame(picture, frameGeometry(), margins, free);
+    resize(frame.size() - margins);
+    move(frame.topLeft());
+}
+
+} // namespace tonearm

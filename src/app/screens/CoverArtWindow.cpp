@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/CoverArtWindow.h"
+
+#include "app/screens/Bind.h"
+#include "workflow/AppModel.h"
+
+#include <algorithm>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<ViewedArtwork> viewedArtwork(const AppModel &model)
+{
+    const std::optional<QImage> preview = model.coverArtPreview.value();
+    const std::optional<PreparedCoverArt> art = model.coverArt.value();
+    if (!preview)
+        return std::nullopt;
+    ViewedArtwork viewed{*preview};
+    if (art) {
+        // The picture may lie on its side in its file.
+        const int longest = std::max(art->pixelWidth, art->pixelHeight);
+        viewed.size = preview->size().scaled(longest, longest, Qt::KeepAspectRatio);
+    }
+    viewed.summary = model.coverArtCaption().value_or(QString());
+    return viewed;
+}
+
+} // namespace
+
+CoverArtWindow::CoverArtWindow(AppModel &model)
+    : ArtworkWindow(
+          u"Cover Art"_s,
+          {u"No Cover Art"_s, u"Drag an image onto the cover art well, or right-click it to download one."_s})
+{
+    bind(
+        this, [&model] { return viewedArtwork(model); }, &ArtworkWindow::setArtwork);
+}
+
+} // namespace tonearm

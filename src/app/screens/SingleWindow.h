@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include <utility>
+
+namespace tonearm {
+
+/// A window that is open at most once, and exists only while it is open.
+template <typename Window> class SingleWindow
+{
+public:
+    ~SingleWindow() { delete m_window; }
+
+    SingleWindow() = default;
+    SingleWindow(const SingleWindow &) = delete;
+    SingleWindow &operator=(const SingleWindow &) = delete;
+
+    /// Opens the window, made of the arguments, or brings the one that is open to the front.
+    template <typename... Arguments> void open(Arguments &&...arguments)
+    {
+        if (!m_window) {
+            m_window = new Window(std::forward<Arguments>(arguments)...);
+            m_window->setAttribute(Qt::WA_DeleteOnClose);
+            // Of the whole program, the main window alone decides when it ends.
+            m_window->setAttribute(Qt::WA_QuitOnClose, false);
+        }
+        m_window->show();
+        m_window->raise();
+        m_window->activateWindow();
+    }
+
+    /// Nothing while it is closed.
+    Window *window() const { return m_window; }
+
+private:
+    QPointer<Window> m_window;
+};
+
+} // namespace tonearm
