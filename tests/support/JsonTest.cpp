@@ -109,6 +109,33 @@ TEST(Json, TellsWhatWasWantedAndWhatWasFound)
               u"Expected a whole number at \"v\" but found a number."_s);
 }
 
+TEST(Json, TellsKindsOfErrorsApart)
+{
+    using Kind = JsonError::Kind;
+    const auto error = [](const QByteArray &json) {
+        return test::errorOf<JsonError>(
+            [&] { return JsonNode::parse(json).require(u"a"_s).elements().at(0).require(u"b"_s).text(); });
+    };
+    const auto expect = [&](const QByteArray &json, Kind kind, const QString &path, const QString &key) {
+        const auto found = error(json);
+        ASSERT_TRUE(found.has_value()) << json.toStdString();
+        EXPECT_EQ(found->kind, kind) << json.toStdString();
+        EXPECT_EQ(found->path, path);
+        EXPECT_EQ(found->key, key);
+    };
+    expect("", Kind::corrupted, {}, {});
+    expect("[", Kind::corrupted, {}, {});
+    expect("[]", Kind::typeMismatch, {}, {});
+    expect("{}", Kind::keyNotFound, u"a"_s, u"a"_s);
+    expect(R"({"a": null})", Kind::missingValue, u"a"_s, {});
+    expect(R"({"a": 1})", Kind::typeMismatch, u"a"_s, {});
+    expect(R"({"a": [null]})", Kind::typeMismatch, u"a.Index 0"_s, {});
+    expect(R"({"a": [{}]})", Kind::keyNotFound, u"a.Index 0.b"_s, u"b"_s);
+    expect(R"({"a": [{"b": null}]})", Kind::missingValue, u"a.Index 0.b"_s, {});
+    expect(R"({"a": [{"b": 1}]})", Kind::typeMismatch, u"a.Index 0.b"_s, {});
+    EXPECT_EQ(JsonError(u"x"_s).kind, Kind::other);
+}
+
 TEST(Json, ReadsAWholeNumberHoweverItIsWritten)
 {
     for (const char *two : {"2", "2.0", "2e0", "0.2e1", "20e-1"})
