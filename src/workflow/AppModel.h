@@ -265,6 +265,7 @@ private:
     void beginJob();
 
     EncodingLog newLog(const QUrl &destination, const AudioMetadata &metadata) const;
+    std::optional<QString> coverArtLine() const;
     QCoro::Task<> runFileJob(std::shared_ptr<EncodingJob> job, std::stop_token stop);
     QCoro::Task<> encodeChapters(std::shared_ptr<EncodingJob> job, std::stop_token stop);
     QCoro::Task<> writeLog(std::shared_ptr<EncodingJob> job, std::exception_ptr error, bool wasCancelled);

@@ -4,6 +4,7 @@
 
 #include "support/Background.h"
 #include "support/Cancellation.h"
+#include "support/PathText.h"
 #include "workflow/EncodingJob.h"
 
 #include <QDateTime>
@@ -12,6 +13,8 @@
 #include <utility>
 
 namespace tonearm {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -125,12 +128,23 @@ EncodingLog AppModel::newLog(const QUrl &destination, const AudioMetadata &metad
     log.genre = metadata.genre;
     log.discNumber = metadata.discNumber;
     log.discTotal = metadata.discTotal;
+    log.coverArt = coverArtLine();
     const FFmpegStatus status = ffmpegStatus.value();
     if (const auto *installation = std::get_if<FFmpegInstallation>(&status))
         log.ffmpegVersion = installation->versionSummary;
     log.sourceAudio = sourceAudio.value();
     log.verificationEnabled = m_settings.verifyRipsByRereading();
     return log;
+}
+
+std::optional<QString> AppModel::coverArtLine() const
+{
+    const std::optional<PreparedCoverArt> art = coverArt.value();
+    if (!art)
+        return std::nullopt;
+    const QString name = lastPathComponent(art->url);
+    const std::optional<QString> origin = coverArtOrigin.value();
+    return origin ? QString(*origin + u" — "_s + name) : name;
 }
 
 void AppModel::cancelEncoding()

@@ -2,9 +2,11 @@
 // The cover of a job: from the user's file and from a service, its sizes, and its end.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/Media.h"
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
 #include "helpers/ReleasePages.h"
+#include "workflow/Sources.h"
 
 #include <gtest/gtest.h>
 
@@ -50,8 +52,8 @@ protected:
     {
         EXPECT_TRUE(m_model.useCoverArtFile(url));
         ASSERT_TRUE(eventually([&] {
-            return m_model.alert.value() || (m_model.coverArt.value() &&
-                                             m_model.coverArt.value()->originalURL == url);
+            return m_model.alert.value() ||
+                   (m_model.coverArt.value() && m_model.coverArt.value()->originalURL == url);
         }));
     }
 
@@ -113,8 +115,9 @@ TEST_F(CoverArt, IsRefusedByItsExtension)
 {
     const QUrl url = picture(u"front.JPEG.gif"_s);
     EXPECT_FALSE(m_model.useCoverArtFile(url));
-    expectAlert(u"Unsupported Image"_s,
-                u"\"front.JPEG.gif\" isn't a JPEG or PNG. FLAC cover art has to be one of those two formats."_s);
+    expectAlert(
+        u"Unsupported Image"_s,
+        u"\"front.JPEG.gif\" isn't a JPEG or PNG. FLAC cover art has to be one of those two formats."_s);
     EXPECT_FALSE(m_model.coverArt.value());
 }
 
@@ -172,9 +175,10 @@ TEST_F(CoverArt, IsKeptAsItIsWithShrinkingOff)
     const QUrl url = picture(u"front.png"_s, 300, "PNG");
     use(url);
     EXPECT_EQ(m_model.coverArt.value()->url, url);
-    EXPECT_EQ(m_model.coverArtWarning(),
-              u"Artwork is %1 KB, over the 50 KB limit. Some players won't show it. Turn on shrinking in Settings to fix that."_s
-                  .arg(qRound(double(m_model.coverArt.value()->byteCount) / 1000)));
+    EXPECT_EQ(
+        m_model.coverArtWarning(),
+        u"Artwork is %1 KB, over the 50 KB limit. Some players won't show it. Turn on shrinking in Settings to fix that."_s
+            .arg(qRound(double(m_model.coverArt.value()->byteCount) / 1000)));
     m_fixture.settings().setArtworkSizeBudgetKilobytes(5000);
     EXPECT_FALSE(m_model.coverArtWarning());
 }
@@ -185,9 +189,10 @@ TEST_F(CoverArt, IsChosenInAPanel)
     m_fixture.panels().prepareAnswer(url);
     m_model.chooseCoverArt();
     ASSERT_TRUE(eventually([this] { return m_model.coverArt.value().has_value(); }));
-    EXPECT_EQ(m_fixture.panels().requests().last(),
-              (OpenPanelRequest{u"Select Cover Art"_s, u"Choose"_s, OpenPanelRequest::Target::file,
-                                {u"jpg"_s, u"jpeg"_s, u"png"_s}}));
+    EXPECT_EQ(m_fixture.panels().requests().last(), (OpenPanelRequest{u"Select Cover Art"_s,
+                                                                      u"Choose"_s,
+                                                                      OpenPanelRequest::Target::file,
+                                                                      {u"jpg"_s, u"jpeg"_s, u"png"_s}}));
 }
 
 TEST_F(CoverArt, NeedsAReleaseToBeDownloaded)
@@ -247,12 +252,14 @@ TEST_F(CoverArt, StaysWhenADownloadFails)
     const std::optional<PreparedCoverArt> before = m_model.coverArt.value();
     chooseRelease();
     fetch();
-    expectAlert(u"Couldn't Fetch Artwork"_s, u"MusicBrainz has no cover art for this release.\n\nTry a Discogs "
-                                             u"result instead, or drag in your own image."_s);
+    expectAlert(u"Couldn't Fetch Artwork"_s,
+                u"MusicBrainz has no cover art for this release.\n\nTry a Discogs "
+                u"result instead, or drag in your own image."_s);
     m_pages.addCover(u"a"_s, LoopbackResponse::bytes("image/webp", "RIFF"));
     fetch();
-    expectAlert(u"Couldn't Fetch Artwork"_s,
-                u"The artwork came back as image/webp, which FLAC can't carry.\n\nTry a different JPEG or PNG."_s);
+    expectAlert(
+        u"Couldn't Fetch Artwork"_s,
+        u"The artwork came back as image/webp, which FLAC can't carry.\n\nTry a different JPEG or PNG."_s);
     EXPECT_EQ(m_model.coverArt.value(), before);
 }
 
@@ -291,6 +298,26 @@ TEST_F(CoverArt, CountsAsTheUsersWork)
     m_model.resetToSourceTitles();
     m_model.requestFile(m_fixture.url(u"b.mkv"_s));
     EXPECT_EQ(m_model.pendingSourceChange.value()->summary, u"the cover art you chose"_s);
+}
+
+TEST_F(CoverArt, GoesIntoEveryTrackAndIsNamedInTheLog)
+{
+    const QUrl url = picture(u"100%d.png"_s, 60, "PNG");
+    use(url);
+    m_fixture.prepareJob(plainSource());
+    m_fixture.runJob();
+    ASSERT_EQ(m_model.encodedFiles.value().size(), 2);
+    for (const QUrl &file : m_model.encodedFiles.value()) {
+        const QString path = m_fixture.path(u"picture"_s);
+        outputOf(u"metaflac"_s, {u"--export-picture-to="_s + path, file.toLocalFile()});
+        EXPECT_EQ(readFile(path), bytesOf(url));
+        const QByteArray block =
+            outputOf(u"metaflac"_s, {u"--list"_s, u"--block-type=PICTURE"_s, file.toLocalFile()});
+        EXPECT_TRUE(block.contains("type: 3 (Cover (front))")) << block.toStdString();
+        EXPECT_TRUE(block.contains("description: Album cover")) << block.toStdString();
+    }
+    EXPECT_TRUE(readFile(m_model.lastLogURL.value()->toLocalFile()).contains("Dropped file — 100%d.png"));
+    EXPECT_TRUE(m_fixture.temporaryArtwork().isEmpty());
 }
 
 } // namespace tonearm
