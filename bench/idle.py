@@ -18,16 +18,18 @@ import time
 SETTLING_SECONDS = 5
 
 
-def usage(process):
-    """Processor time in seconds and voluntary context switches, all threads together."""
-    folder = pathlib.Path(f"/proc/{process.pid}")
-    fields = (folder / "stat").read_text().rsplit(")", 1)[1].split()
-    ticks = int(fields[11]) + int(fields[12])
-    switches = 0
-    for task in (folder / "task").iterdir():
+def processor_seconds(process):
+    fields = pathlib.Path(f"/proc/{process.pid}/stat").read_text().rsplit(")", 1)[1].split()
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+
+def wake_ups(process):
+    """The voluntary context switches so far of each thread that is there."""
+    counts = {}
+    for task in pathlib.Path(f"/proc/{process.pid}/task").iterdir():
         status = (task / "status").read_text()
-        switches += int(re.search(r"^voluntary_ctxt_switches:\s+(\d+)", status, re.MULTILINE).group(1))
-    return ticks / os.sysconf("SC_CLK_TCK"), switches
+        counts[task.name] = int(re.search(r"^voluntary_ctxt_switches:\s+(\d+)", status, re.MULTILINE).group(1))
+    return counts
 
 
 def main():
@@ -37,13 +39,16 @@ def main():
         process = subprocess.Popen([sys.argv[1]], env=environment)
         try:
             time.sleep(SETTLING_SECONDS)
-            before = usage(process)
+            busy, woken = processor_seconds(process), wake_ups(process)
             time.sleep(seconds)
-            after = usage(process)
+            busy, later = processor_seconds(process) - busy, wake_ups(process)
         finally:
             process.terminate()
             process.wait()
-    print(f"in {seconds} s: {after[0] - before[0]:.2f} s of processor time, {after[1] - before[1]} wake-ups")
+    # A pool's thread that has been idle for long ends meanwhile; its end counts for one.
+    ended = len(woken.keys() - later.keys())
+    count = ended + sum(switches - woken.get(task, 0) for task, switches in later.items())
+    print(f"in {seconds} s: {busy:.2f} s of processor time, {count} wake-ups, {ended} of them threads that ended")
 
 
 if __name__ == "__main__":

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/ArtworkFolder.h"
 
-#include "encoding/AtomicFile.h"
+#include "support/AtomicFile.h"
 #include "support/FileName.h"
 #include "support/PathText.h"
 

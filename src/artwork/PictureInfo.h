@@ -17,7 +17,7 @@ struct PictureInfo
     PictureFormat format = PictureFormat::jpeg;
     /// In pixels as stored, before the orientation is applied; both sides are at least 1.
     QSize storedSize = {};
-    /// Whether the file asks to be turned or mirrored for showing.
+    /// Whether the file asks to be turned or mirrored for showing; only a JPEG is asked.
     bool isTurned = false;
     /// What a decoder holds in memory for the whole picture, however small it is wanted, in bytes.
     qint64 wholePictureBytes = 0;

@@ -21,8 +21,8 @@ class BoxAverage;
 inline constexpr QByteArrayView pngSignature("\x89PNG\r\n\x1A\n");
 
 /// A PNG that is read row by row and made smaller on the way, so that a picture of any size takes no more
-/// memory than what is wanted of it. Texts and other additions in the file are passed over, except for a
-/// colour profile.
+/// memory than what is wanted of it. Texts and other additions in the file are passed over, an orientation
+/// among them, which few programs write and fewer honour; not so a colour profile.
 class PngFile
 {
 public:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/EncodingLog.h"
 
-#include "encoding/AtomicFile.h"
+#include "support/AtomicFile.h"
 #include "encoding/EncodingLogText.h"
 #include "encoding/FileNaming.h"
 #include "support/FileName.h"

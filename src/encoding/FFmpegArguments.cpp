@@ -13,13 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int secondsDecimals = 6;
-
 QStringList seekArguments(const TrackEncoding &track)
 {
     if (track.wholeFile)
         return {};
-    return {u"-accurate_seek"_s, u"-ss"_s, fixedPoint(track.chapter.startSeconds, secondsDecimals)};
+    return {u"-accurate_seek"_s, u"-ss"_s, secondsText(track.chapter.startSeconds)};
 }
 
 QStringList inputArguments(const TrackEncoding &track)
@@ -34,7 +32,7 @@ QStringList lengthArguments(const TrackEncoding &track)
 {
     if (track.wholeFile)
         return {};
-    return {u"-t"_s, fixedPoint(track.duration(), secondsDecimals)};
+    return {u"-t"_s, secondsText(track.duration())};
 }
 
 QStringList streamArguments(const TrackEncoding &track)
@@ -91,6 +89,12 @@ QStringList metadataArguments(const TrackEncoding &track)
 double TrackEncoding::duration() const
 {
     return std::max(0.0, chapter.endSeconds - chapter.startSeconds);
+}
+
+QString secondsText(double seconds)
+{
+    constexpr int decimals = 6;
+    return fixedPoint(seconds, decimals);
 }
 
 QStringList ffmpegArguments(const TrackEncoding &track)

@@ -4,6 +4,7 @@
 #include "workflow/records/AudioMetadata.h"
 #include "workflow/records/ChapterInfo.h"
 
+#include <QString>
 #include <QStringList>
 #include <QUrl>
 
@@ -28,6 +29,9 @@ struct TrackEncoding
 
     bool operator==(const TrackEncoding &) const = default;
 };
+
+/// A time in seconds as ffmpeg is told it, to the microsecond.
+QString secondsText(double seconds);
 
 /// The argument list that makes ffmpeg encode the track to FLAC and report its progress on stderr.
 QStringList ffmpegArguments(const TrackEncoding &track);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "encoding/AtomicFile.h"
+#include "support/AtomicFile.h"
 
-#include "tools/FileDescriptor.h"
+#include "support/FileDescriptor.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tools/FileDescriptor.h"
+#include "support/FileDescriptor.h"
 
 #include <fcntl.h>
 #include <unistd.h>
