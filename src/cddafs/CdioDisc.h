@@ -4,7 +4,7 @@
 #include "cddafs/CdText.h"
 #include "cddafs/DiscLayout.h"
 #include "cddafs/SectorSource.h"
-#include "tools/FileDescriptor.h"
+#include "support/FileDescriptor.h"
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tools/FileDescriptor.h"
+#include "support/FileDescriptor.h"
 
 #include <QByteArray>
 

@@ -6,7 +6,7 @@
 #include "cddafs/Mounting.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
-#include "tools/FileDescriptor.h"
+#include "support/FileDescriptor.h"
 
 #include <gtest/gtest.h>
 

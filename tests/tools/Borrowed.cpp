@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/Borrowed.h"
 
-#include "tools/FileDescriptor.h"
+#include "support/FileDescriptor.h"
 
 #include <gtest/gtest.h>
 
