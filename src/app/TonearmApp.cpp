@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TonearmApp.h"
 
+#include "platform/MountTable.h"
 #include "tools/ProcessRunner.h"
 #include "tools/ToolLocation.h"
 
+#include <QCoreApplication>
+#include <QDBusConnection>
 #include <QDir>
 #include <QGuiApplication>
+#include <QStandardPaths>
+
+#include <system_error>
 
 namespace tonearm {
 
@@ -13,22 +19,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-AppModel::Services makeServices(const std::optional<QString> &resourceFolder, OnlineServices &online,
-                                const std::shared_ptr<ArtworkFolder> &artworkFolder, Panels &panels,
-                                FileViewer &viewer)
+// It lies beside this program.
+QUrl volumeProgram()
 {
-    const ToolLocation tools(resourceFolder);
-    const ProcessRunner runner;
-    return {.tools = tools,
-            .processRunner = runner,
-            .chapterExtractor = ChapterExtractionService(tools, runner),
-            .encoder = AudioEncodingService(tools, runner),
-            .metadataSearch = online.metadataSearch(),
-            .coverArtService = online.coverArt(),
-            .artworkFolder = artworkFolder,
-            .panels = panels,
-            .fileViewer = viewer,
-            .appVersion = QStringLiteral(TONEARM_VERSION)};
+    return QUrl::fromLocalFile(QCoreApplication::applicationDirPath() + u"/tonearm-cddafs"_s);
+}
+
+QString volumeFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + u"/tonearm"_s;
 }
 
 } // namespace
@@ -40,8 +39,13 @@ TonearmApp::TonearmApp(const QString &settingsFile, const std::optional<QString>
     , m_genres(resourceFolder.value_or(QString()) + u"/Genres.json"_s)
     , m_artworkFolder(std::make_shared<ArtworkFolder>(QDir::tempPath()))
     , m_onlineServices(addresses, QStringLiteral(TONEARM_VERSION))
-    , m_model(m_settings,
-              makeServices(resourceFolder, m_onlineServices, m_artworkFolder, m_panels, m_fileViewer))
+    , m_previewService(ToolLocation(resourceFolder), QDir::tempPath())
+    , m_previewPlayer(m_sounds)
+    , m_discService(std::make_shared<MountTable>())
+    , m_discRipper(QDir::tempPath())
+    , m_secureRipper(ToolLocation(resourceFolder), QDir::tempPath())
+    , m_drives(QDBusConnection::systemBus(), volumeProgram(), volumeFolder())
+    , m_model(m_settings, services(ToolLocation(resourceFolder)))
     , m_mainWindow(m_model, m_genres)
 {
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_connections,
@@ -53,16 +57,50 @@ TonearmApp::TonearmApp(const QString &settingsFile, const std::optional<QString>
                      [this] { m_coverArtWindow.open(m_model); });
 }
 
+AppModel::Services TonearmApp::services(const ToolLocation &tools)
+{
+    return {.tools = tools,
+            .processRunner = {},
+            .chapterExtractor = ChapterExtractionService(tools),
+            .encoder = AudioEncodingService(tools),
+            .metadataSearch = m_onlineServices.metadataSearch(),
+            .coverArtService = m_onlineServices.coverArt(),
+            .artworkFolder = m_artworkFolder,
+            .previewService = m_previewService,
+            .previewPlayer = m_previewPlayer,
+            .discService = m_discService,
+            .discRipper = m_discRipper,
+            .secureRipper = m_secureRipper,
+            .discEjector = m_drives,
+            .panels = m_panels,
+            .fileViewer = m_fileViewer,
+            .appVersion = QStringLiteral(TONEARM_VERSION)};
+}
+
 void TonearmApp::openMainWindow()
 {
     m_mainWindow.show();
     checkTools();
+    watchDiscs();
 }
 
 void TonearmApp::checkTools()
 {
     m_model.checkFFmpeg();
     m_model.checkCDParanoia();
+}
+
+void TonearmApp::watchDiscs()
+{
+    if (!m_mountMonitor) {
+        try {
+            m_mountMonitor.emplace([this] { m_model.refreshDiscs(); });
+        } catch (const std::system_error &) {
+            // Discs are then seen when something else has the model look.
+            m_mountMonitor.reset();
+        }
+    }
+    m_model.refreshDiscs();
 }
 
 } // namespace tonearm

@@ -7,9 +7,17 @@
 #include "app/settings/AppSettings.h"
 #include "app/settings/SettingsStore.h"
 #include "artwork/ArtworkFolder.h"
+#include "disc/DiscRippingService.h"
+#include "disc/OpticalDiscService.h"
+#include "disc/ParanoiaRippingService.h"
+#include "encoding/AudioPreviewPlayer.h"
+#include "encoding/ChapterPreviewService.h"
 #include "metadata/OnlineServices.h"
 #include "platform/DesktopFileViewer.h"
 #include "platform/DesktopPanels.h"
+#include "platform/MountMonitor.h"
+#include "platform/OpticalDrives.h"
+#include "platform/PulseSounds.h"
 #include "workflow/AppModel.h"
 #include "workflow/records/GenreCatalog.h"
 
@@ -39,7 +47,9 @@ public:
     AppModel &model() { return m_model; }
 
 private:
+    AppModel::Services services(const ToolLocation &tools);
     void checkTools();
+    void watchDiscs();
 
     SettingsStore m_settingsStore;
     AppSettings m_settings;
@@ -48,9 +58,18 @@ private:
     DesktopFileViewer m_fileViewer;
     std::shared_ptr<ArtworkFolder> m_artworkFolder;
     OnlineServices m_onlineServices;
+    ChapterPreviewService m_previewService;
+    PulseSounds m_sounds;
+    AudioPreviewPlayer m_previewPlayer;
+    OpticalDiscService m_discService;
+    DiscRippingService m_discRipper;
+    ParanoiaRippingService m_secureRipper;
+    OpticalDrives m_drives;
     AppModel m_model;
     MainWindow m_mainWindow;
     SingleWindow<CoverArtWindow> m_coverArtWindow;
+    // Absent where the mounts of the system can't be watched.
+    std::optional<MountMonitor> m_mountMonitor;
     // The end of the connections to the application.
     QObject m_connections;
 };

@@ -146,7 +146,7 @@ void TrackCopy::keep(const QByteArray &bytes)
 
 void TrackCopy::reportCount() const
 {
-    // The drive decides how much it gives; what is expected is no more than that.
+    // A limit may lie behind the end of the file.
     const qint64 expected =
         m_order.limit && m_size ? std::min(*m_order.limit, *m_size) : target().value_or(0);
     if (expected >= 1)

@@ -16,9 +16,10 @@ QCoro::Task<> Turn::take(std::stop_token stop)
         const auto waiter = std::make_shared<Turns::Waiter>();
         waiter->woken.start();
         m_turns.m_waiters.push_back(waiter);
+        const QFuture<void> woken = waiter->woken.future();
         {
             const std::stop_callback onStop(stop, [&] { waiter->woken.finish(); });
-            co_await waiter->woken.future();
+            co_await woken;
         }
         if (!waiter->hasTurn) {
             std::erase(m_turns.m_waiters, waiter);

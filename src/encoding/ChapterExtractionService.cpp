@@ -66,7 +66,8 @@ QCoro::Task<SourceInspection> ChapterExtractionService::inspect(QUrl url, std::s
     // What is awaited is called with named values only: of temporaries inside a co_await expression GCC 12
     // destroys some twice, closures among them.
     const auto readability = [path] { return QFileInfo(path).isReadable(); };
-    if (!co_await inBackground(readability))
+    const bool isReadable = co_await inBackground(readability);
+    if (!isReadable)
         throw ChapterExtractionError::unreadableFile(url);
 
     const QUrl ffprobe = tools.toolURL(u"ffprobe"_s);

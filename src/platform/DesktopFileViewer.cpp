@@ -41,7 +41,8 @@ void DesktopFileViewer::select(const QList<QUrl> &locations)
         return;
     m_tasks.start([locations](std::stop_token) -> QCoro::Task<> {
         const auto showing = [locations] { return showItems(locations); };
-        if (co_await inBackground(showing))
+        const bool isShown = co_await inBackground(showing);
+        if (isShown)
             co_return;
         const auto search = [locations] { return folderOf(locations.first()); };
         const QUrl folder = co_await inBackground(search);

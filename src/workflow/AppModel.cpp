@@ -48,11 +48,13 @@ AppModel::~AppModel() = default;
 
 bool AppModel::hasSource() const
 {
-    return inputFileURL.value().has_value();
+    return inputFileURL.value() || loadedDisc.value();
 }
 
 std::optional<QString> AppModel::sourceName() const
 {
+    if (const std::optional<DiscInfo> disc = loadedDisc.value())
+        return disc->volumeName;
     const std::optional<QUrl> file = inputFileURL.value();
     return file ? std::optional(lastPathComponent(*file)) : std::nullopt;
 }

@@ -4,8 +4,14 @@
 #include "app/settings/AppSettings.h"
 #include "artwork/ArtworkFolder.h"
 #include "artwork/PreparedCoverArt.h"
+#include "disc/DiscInfo.h"
+#include "disc/DiscRippingService.h"
+#include "disc/OpticalDiscScanning.h"
+#include "disc/TrackRipping.h"
 #include "encoding/AudioEncodingService.h"
+#include "encoding/AudioPreviewPlayer.h"
 #include "encoding/ChapterExtractionService.h"
+#include "encoding/ChapterPreviewService.h"
 #include "encoding/EncodingLog.h"
 #include "encoding/EncodingProgress.h"
 #include "metadata/CoverArtService.h"
@@ -15,6 +21,7 @@
 #include "tools/ProcessRunner.h"
 #include "tools/ToolLocation.h"
 #include "workflow/AlertContent.h"
+#include "workflow/DiscEjector.h"
 #include "workflow/EncodingCompletion.h"
 #include "workflow/FFmpegStatus.h"
 #include "workflow/FileViewer.h"
@@ -27,22 +34,27 @@
 #include "workflow/records/AudioStreamInfo.h"
 #include "workflow/records/ChapterInfo.h"
 #include "workflow/records/ReleaseInfo.h"
+#include "workflow/records/RipVerification.h"
 
 #include <QCoroTask>
 
 #include <QImage>
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <QProperty>
 #include <QUrl>
 
 #include <chrono>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
 
 namespace tonearm {
 
+class JobCoverArt;
+struct DiscTrackReading;
 struct EncodingJob;
 
 /// The main window's model: everything the window shows, the long-running tasks, and what may happen
@@ -66,6 +78,12 @@ public:
         MetadataSearchService &metadataSearch;
         CoverArtService &coverArtService;
         std::shared_ptr<ArtworkFolder> artworkFolder;
+        ChapterPreviewService &previewService;
+        AudioPreviewPlayer &previewPlayer;
+        OpticalDiscScanning &discService;
+        DiscRippingService &discRipper;
+        TrackRipping &secureRipper;
+        DiscEjector &discEjector;
         Panels &panels;
         FileViewer &fileViewer;
         /// The application's version, for the logs.
@@ -86,6 +104,10 @@ public:
 
     QProperty<std::optional<QUrl>> inputFileURL;
     QProperty<std::optional<QUrl>> outputFolderURL;
+    /// Audio CDs on offer, not loaded.
+    QProperty<QList<DiscInfo>> detectedDiscs;
+    /// The audio CD that is the source.
+    QProperty<std::optional<DiscInfo>> loadedDisc;
     QProperty<QString> artist;
     QProperty<QString> albumTitle;
     QProperty<QString> albumYear;
@@ -100,7 +122,7 @@ public:
     /// What went wrong in the last search.
     QProperty<QList<MetadataSearchOutcome::Notice>> searchNotices;
     QProperty<bool> isShowingSearchResults;
-    /// A search is under way.
+    /// A search or the lookup of a disc is under way.
     QProperty<bool> isLoadingReleases;
     /// The release whose tracklist is being fetched.
     QProperty<std::optional<QString>> loadingReleaseID;
@@ -114,6 +136,12 @@ public:
     /// The units of the job. The user edits `mappedTitle`, through setMappedTitle.
     QProperty<QList<ChapterInfo>> chapters;
     QProperty<std::optional<AudioStreamInfo>> sourceAudio;
+    /// What is known of a disc's tracks after a job, by the chapters' ids.
+    QProperty<QMap<qint64, RipVerification>> trackVerifications;
+    /// The chapter whose start plays.
+    QProperty<std::optional<qint64>> previewingChapterID;
+    /// The chapter whose start is being cut out.
+    QProperty<std::optional<qint64>> preparingPreviewChapterID;
     QProperty<WorkflowState> currentState;
     /// The last message of the workflow.
     QProperty<QString> progressMessage;
@@ -140,16 +168,22 @@ public:
     QProperty<std::optional<TaskHandle>> encodingTask;
     QProperty<std::optional<TaskHandle>> ffmpegCheckTask;
     QProperty<std::optional<TaskHandle>> confirmationTask;
+    QProperty<std::optional<TaskHandle>> previewTask;
     QProperty<std::optional<TaskHandle>> paranoiaCheckTask;
 
     // --- Derived values -------------------------------------------------------------------------
 
     bool hasSource() const;
-    /// The file's name.
+    bool isDiscSource() const;
+    /// The disc's name or the file's.
     std::optional<QString> sourceName() const;
     bool isFFmpegInstalled() const;
     bool canEncode() const;
     bool canSearch() const;
+    bool canPreview() const;
+    bool canEject() const;
+    /// Whether a job would read the disc with error correction.
+    bool usesSecureRipping() const;
     /// The status line.
     QString statusText() const;
     /// Those without a title that counts.
@@ -186,14 +220,35 @@ public:
     bool acceptDroppedFile(const QUrl &url);
     /// The file is to become the source, after a question if that would discard work.
     void requestFile(const QUrl &url);
+    /// The same for a disc.
+    void requestDisc(const DiscInfo &disc);
     void confirmPendingSourceChange();
     /// Takes the file up at once.
     void loadFile(const QUrl &url);
+    /// The same for a disc; starts its lookup.
+    void loadDisc(const DiscInfo &disc);
     /// Empties the window for the next job.
     void clearInputs();
     /// `index` is the chapter's place in `chapters`; one that isn't there is ignored.
     void setMappedTitle(qsizetype index, const QString &title);
     void resetToSourceTitles();
+
+    // --- Discs ----------------------------------------------------------------------------------
+
+    /// Looks which discs are there.
+    void refreshDiscs();
+    /// Ejects the loaded disc, or else the first on offer.
+    void ejectCurrentDisc();
+    void ejectDisc(const DiscInfo &disc);
+
+    // --- Preview --------------------------------------------------------------------------------
+
+    /// How much of a chapter is played.
+    static constexpr double previewSeconds = 20;
+
+    /// Plays the start of a chapter, or stops it if it plays.
+    void togglePreview(const ChapterInfo &chapter);
+    void stopPreview();
 
     // --- Releases -------------------------------------------------------------------------------
 
@@ -244,12 +299,16 @@ private:
     QString messageOfState() const;
     bool holdsUserWork() const;
     QString workSummary() const;
+    void requestSource(const PendingSourceChange::Source &source);
+    void load(const PendingSourceChange::Source &source);
+    void forgetSourcesResults();
     void showInspection(const SourceInspection &inspection);
     void showInspectionFailure(const std::exception_ptr &error);
 
     QCoro::Task<> inspectSource(QUrl url, std::stop_token stop);
     QCoro::Task<> search(QString byArtist, QString title, std::stop_token stop);
     void showFound(const MetadataSearchOutcome &outcome);
+    QCoro::Task<> lookUpDisc(DiscInfo disc, std::stop_token stop);
     QCoro::Task<> loadRelease(ReleaseInfo summary, std::stop_token stop);
     void takeOver(const ReleaseInfo &release);
 
@@ -266,13 +325,34 @@ private:
 
     EncodingLog newLog(const QUrl &destination, const AudioMetadata &metadata) const;
     std::optional<QString> coverArtLine() const;
-    QCoro::Task<> runFileJob(std::shared_ptr<EncodingJob> job, std::stop_token stop);
+    void prepareDiscJob(EncodingJob &job);
+    QCoro::Task<> runJob(std::shared_ptr<EncodingJob> job, std::stop_token stop);
+    QCoro::Task<std::shared_ptr<JobCoverArt>> prepareJob(std::shared_ptr<EncodingJob> job);
     QCoro::Task<> encodeChapters(std::shared_ptr<EncodingJob> job, std::stop_token stop);
     QCoro::Task<> writeLog(std::shared_ptr<EncodingJob> job, std::exception_ptr error, bool wasCancelled);
     void publish(const EncodingProgress &progress);
     void completeJob(const EncodingJob &job);
-    void showCancelledJob();
-    void showFailedJob(const std::exception_ptr &error);
+    void showCancelledJob(const EncodingJob &job);
+    void showFailedJob(const EncodingJob &job, const std::exception_ptr &error);
+
+    QCoro::Task<> ripTracks(std::shared_ptr<EncodingJob> job, std::stop_token stop);
+    QCoro::Task<> ripTrack(std::shared_ptr<EncodingJob> job, qsizetype index, std::stop_token stop);
+    QCoro::Task<> readTrack(std::shared_ptr<EncodingJob> job, qsizetype index, DiscTrackReading *reading,
+                            EncodingLog::Entry *entry, std::stop_token stop);
+    QCoro::Task<> verifyTrack(std::shared_ptr<EncodingJob> job, qsizetype index, DiscTrackReading *reading,
+                              EncodingLog::Entry *entry, std::stop_token stop);
+    QCoro::Task<> encodeRippedTrack(std::shared_ptr<EncodingJob> job, qsizetype index, QUrl ripped,
+                                    EncodingLog::Entry *entry, std::stop_token stop);
+    std::function<void(double)> posted(std::function<double(double)> overallFraction);
+
+    void showDiscs(const QList<DiscInfo> &discs);
+    void loseDisc();
+    QCoro::Task<> giveBack(QUrl volume, std::stop_token stop);
+
+    QCoro::Task<> runPreview(ChapterInfo chapter, std::stop_token stop);
+    QCoro::Task<QUrl> previewSource(ChapterInfo chapter, std::stop_token stop);
+    void play(const ChapterPreview &preview);
+    void stopPreviewAndDiscard();
 
     QCoro::Task<> detectFFmpeg(std::stop_token stop);
     void announceFind();

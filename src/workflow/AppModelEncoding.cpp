@@ -59,6 +59,7 @@ QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token sto
 {
     const auto over = qScopeGuard([this] { m_isLookingForOverwrites = false; });
     const std::optional<QUrl> source = inputFileURL.value();
+    const std::optional<DiscInfo> disc = loadedDisc.value();
     QList<ChapterInfo> units;
     QList<QUrl> existing;
     do {
@@ -68,7 +69,7 @@ QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token sto
         };
         existing = co_await inBackground(look);
         throwIfCancelled(stop);
-        if (!canStartIn(destination) || inputFileURL.value() != source)
+        if (!canStartIn(destination) || inputFileURL.value() != source || loadedDisc.value() != disc)
             co_return;
     } while (chapters.value() != units);
     if (existing.isEmpty()) {
@@ -99,19 +100,39 @@ bool AppModel::canStartIn(const QUrl &folder) const
 
 void AppModel::beginJob()
 {
+    stopPreview();
     const auto job = std::make_shared<EncodingJob>();
-    job->source = *inputFileURL.value();
+    job->disc = loadedDisc.value();
+    job->source = inputFileURL.value().value_or(QUrl());
     job->chapters = chapters.value();
     job->metadata = currentMetadata();
     job->destination = *destinationFolder();
     job->log = newLog(job->destination, job->metadata);
-    job->log.entries = entriesFor(job->chapters);
+    if (job->disc)
+        prepareDiscJob(*job);
+    else
+        job->log.entries = entriesFor(job->chapters);
 
     currentState = WorkflowState::Kind::encoding;
     encodingProgress = 0;
     encodedFiles = QList<QUrl>();
-    progressMessage = QStringLiteral("Starting…");
-    encodingTask = m_tasks.start([this, job](std::stop_token stop) { return runFileJob(job, stop); });
+    progressMessage = u"Starting…"_s;
+    encodingTask = m_tasks.start([this, job](std::stop_token stop) { return runJob(job, stop); });
+}
+
+void AppModel::prepareDiscJob(EncodingJob &job)
+{
+    trackVerifications = QMap<qint64, RipVerification>();
+    job.isSecure = usesSecureRipping();
+    job.isVerifying = m_settings.verifyRipsByRereading();
+    job.reader = &m_services.discRipper;
+    if (job.isSecure)
+        job.reader = &m_services.secureRipper;
+    job.log.source =
+        EncodingLog::DiscSource{plainPath(job.disc->volumeURL), job.disc->discID, job.disc->tracks.size()};
+    if (const std::optional<CDParanoiaInstallation> paranoia = cdParanoiaInstallation.value())
+        job.log.cdParanoiaVersion = paranoia->versionSummary;
+    job.log.reader = job.reader->readerName();
 }
 
 EncodingLog AppModel::newLog(const QUrl &destination, const AudioMetadata &metadata) const
@@ -119,7 +140,7 @@ EncodingLog AppModel::newLog(const QUrl &destination, const AudioMetadata &metad
     EncodingLog log;
     log.appVersion = m_services.appVersion;
     log.startedAt = QDateTime::currentDateTime();
-    log.source = EncodingLog::FileSource{*inputFileURL.value()};
+    log.source = EncodingLog::FileSource{inputFileURL.value().value_or(QUrl())};
     log.outputFolder = outputFolderURL.value();
     log.destinationFolder = destination;
     log.artist = metadata.artist;

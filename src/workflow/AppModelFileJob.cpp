@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A job on a file from its first chapter to its end: finished, cancelled or failed.
+// A job's ends, finished, cancelled or failed, and the way there of a job on a file.
 #include "workflow/AppModel.h"
 
 #include "support/Background.h"
@@ -18,29 +18,16 @@ namespace tonearm {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-TrackEncoding trackOf(const EncodingJob &job, qsizetype index, const QString &filename)
-{
-    TrackEncoding track;
-    track.chapter = job.chapters[index];
-    track.source = job.source;
-    track.output = QUrl::fromLocalFile(job.destination.toLocalFile() + u'/' + filename);
-    track.metadata = job.metadata;
-    track.number = index + 1;
-    track.total = job.chapters.size();
-    return track;
-}
-
-} // namespace
-
 // The task's handle goes last, after the log is written: until then the model counts as busy.
-QCoro::Task<> AppModel::runFileJob(std::shared_ptr<EncodingJob> job, std::stop_token stop)
+QCoro::Task<> AppModel::runJob(std::shared_ptr<EncodingJob> job, std::stop_token stop)
 {
     std::exception_ptr failure;
     bool wasCancelled = false;
     try {
-        co_await encodeChapters(job, stop);
+        if (job->disc)
+            co_await ripTracks(job, stop);
+        else
+            co_await encodeChapters(job, stop);
     } catch (const CancellationError &) {
         wasCancelled = true;
     } catch (...) {
@@ -48,26 +35,32 @@ QCoro::Task<> AppModel::runFileJob(std::shared_ptr<EncodingJob> job, std::stop_t
     }
     co_await writeLog(job, failure, wasCancelled);
     if (wasCancelled)
-        showCancelledJob();
+        showCancelledJob(*job);
     else if (failure)
-        showFailedJob(failure);
+        showFailedJob(*job, failure);
     else
         completeJob(*job);
     encodingTask = std::nullopt;
 }
 
-QCoro::Task<> AppModel::encodeChapters(std::shared_ptr<EncodingJob> job, std::stop_token stop)
+QCoro::Task<std::shared_ptr<JobCoverArt>> AppModel::prepareJob(std::shared_ptr<EncodingJob> job)
 {
-    using Clock = std::chrono::steady_clock;
-    const AudioEncodingService encoder = m_services.encoder;
     const auto cover = std::make_shared<JobCoverArt>(m_services.artworkFolder);
-    const auto preparation = [encoder, job, cover] {
+    const auto preparation = [encoder = m_services.encoder, job, cover] {
         encoder.validate(job->chapters, job->metadata);
         encoder.prepareOutputDirectory(job->destination);
         if (job->metadata.coverArtURL)
             job->metadata.coverArtURL = cover->withUsableName(*job->metadata.coverArtURL);
     };
     co_await inBackground(preparation);
+    co_return cover;
+}
+
+QCoro::Task<> AppModel::encodeChapters(std::shared_ptr<EncodingJob> job, std::stop_token stop)
+{
+    using Clock = std::chrono::steady_clock;
+    const AudioEncodingService encoder = m_services.encoder;
+    const auto cover = co_await prepareJob(job);
 
     const qsizetype count = job->chapters.size();
     for (qsizetype index = 0; index < count; ++index) {
@@ -132,18 +125,18 @@ void AppModel::completeJob(const EncodingJob &job)
     completion = finished;
 }
 
-void AppModel::showCancelledJob()
+void AppModel::showCancelledJob(const EncodingJob &job)
 {
     currentState = WorkflowState::Kind::idle;
-    progressMessage = u"Encoding cancelled."_s;
+    progressMessage = job.disc ? u"Ripping cancelled."_s : u"Encoding cancelled."_s;
     encodingProgress = 0;
 }
 
-void AppModel::showFailedJob(const std::exception_ptr &error)
+void AppModel::showFailedJob(const EncodingJob &job, const std::exception_ptr &error)
 {
     currentState = WorkflowState::error(describe(error).description);
-    progressMessage = u"Encoding failed."_s;
-    alert = AlertContent(u"Encoding Failed"_s, error);
+    progressMessage = job.disc ? u"Ripping failed."_s : u"Encoding failed."_s;
+    alert = AlertContent(job.disc ? u"Ripping Failed"_s : u"Encoding Failed"_s, error);
 }
 
 } // namespace tonearm

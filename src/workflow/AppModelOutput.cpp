@@ -72,11 +72,13 @@ void AppModel::revealOutput()
 
 QString AppModel::clearButtonTitle() const
 {
-    return u"Clear"_s;
+    return isDiscSource() && m_settings.ejectDiscAfterRipping() ? u"Eject"_s : u"Clear"_s;
 }
 
 void AppModel::clearOrEject()
 {
+    if (const std::optional<DiscInfo> disc = loadedDisc.value(); disc && m_settings.ejectDiscAfterRipping())
+        ejectDisc(*disc);
     clearInputs();
     completion = std::nullopt;
 }

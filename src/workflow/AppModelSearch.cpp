@@ -22,11 +22,23 @@ QString foundMessage(qsizetype count)
     return count == 1 ? u"Found 1 release."_s : u"Found %1 releases."_s.arg(count);
 }
 
-QString mappedMessage(qsizetype tracks, qsizetype chapters)
+QString matchedMessage(qsizetype count, const DiscInfo &disc)
+{
+    if (count == 1)
+        return u"Matched 1 release exactly."_s;
+    if (count > 1)
+        return u"Matched %1 pressings of this disc."_s.arg(count);
+    return disc.hasDiscTitles()
+               ? u"This disc isn't in MusicBrainz — using the titles on the disc."_s
+               : u"This disc isn't in MusicBrainz. Search by artist and album, or type the titles."_s;
+}
+
+QString mappedMessage(qsizetype tracks, qsizetype chapters, bool isDisc)
 {
     if (tracks == 0)
         return u"That release has no tracklist. Enter titles by hand."_s;
-    return u"Mapped %1 titles onto the chapters."_s.arg(std::min(tracks, chapters));
+    const QString place = isDisc ? u"CD tracks"_s : u"chapters"_s;
+    return u"Mapped %1 titles onto the %2."_s.arg(QString::number(std::min(tracks, chapters)), place);
 }
 
 void setUnlessEmpty(QProperty<QString> &field, const QString &text)
@@ -83,6 +95,21 @@ void AppModel::showFound(const MetadataSearchOutcome &outcome)
     progressMessage = foundMessage(outcome.releases.size());
 }
 
+QCoro::Task<> AppModel::lookUpDisc(DiscInfo disc, std::stop_token stop)
+{
+    currentState = WorkflowState::Kind::searchingMetadata;
+    const MetadataSearchOutcome outcome = co_await m_services.metadataSearch.lookUpDisc(disc.discID, stop);
+    throwIfCancelled(stop);
+    const std::optional<DiscInfo> loaded = loadedDisc.value();
+    isLoadingReleases = false;
+    if (!loaded || loaded->volumeURL != disc.volumeURL)
+        co_return;
+    searchResults = outcome.releases;
+    searchNotices = outcome.notices;
+    currentState = WorkflowState::Kind::awaitingUserMapping;
+    progressMessage = matchedMessage(outcome.releases.size(), disc);
+}
+
 void AppModel::selectRelease(const std::optional<QString> &id)
 {
     const QList<ReleaseInfo> releases = searchResults.value();
@@ -130,7 +157,7 @@ void AppModel::takeOver(const ReleaseInfo &release)
         discTotal = QString::number(*release.discCount);
     }
     currentState = WorkflowState::Kind::awaitingUserMapping;
-    progressMessage = mappedMessage(release.tracks.size(), chapters.value().size());
+    progressMessage = mappedMessage(release.tracks.size(), chapters.value().size(), isDiscSource());
     isShowingSearchResults = false;
 }
 
@@ -150,12 +177,16 @@ std::optional<QString> AppModel::tracklistMismatchNote() const
     const qsizetype trackCount = release ? release->tracks.size() : 0;
     if (trackCount == 0 || chapterCount == 0 || trackCount == chapterCount)
         return std::nullopt;
+    const bool isDisc = isDiscSource();
+    const QString source =
+        (isDisc ? u"the disc has %1 tracks"_s : u"the file has %1 chapters"_s).arg(chapterCount);
     const QString sentence =
-        u"This release has %1 tracks but the file has %2 chapters. "_s.arg(trackCount).arg(chapterCount);
+        u"This release has %1 tracks but %2. "_s.arg(QString::number(trackCount), source);
     if (trackCount > chapterCount)
         return QString(sentence + u"The last %1 tracks were ignored."_s.arg(trackCount - chapterCount));
-    return QString(sentence +
-                   u"The last %1 kept their original chapter titles."_s.arg(chapterCount - trackCount));
+    const QString kept = isDisc ? u"The last %1 kept their titles from the disc."_s
+                                : u"The last %1 kept their original chapter titles."_s;
+    return QString(sentence + kept.arg(chapterCount - trackCount));
 }
 
 } // namespace tonearm

@@ -87,12 +87,17 @@ QString AppModel::workSummary() const
 
 void AppModel::requestFile(const QUrl &url)
 {
+    requestSource(url);
+}
+
+void AppModel::requestSource(const PendingSourceChange::Source &source)
+{
     if (!holdsUserWork()) {
-        loadFile(url);
+        load(source);
         return;
     }
     PendingSourceChange change;
-    change.source = url;
+    change.source = source;
     change.summary = workSummary();
     pendingSourceChange = change;
 }
@@ -103,25 +108,42 @@ void AppModel::confirmPendingSourceChange()
     if (!change)
         return;
     pendingSourceChange = std::nullopt;
-    loadFile(change->source);
+    load(change->source);
+}
+
+void AppModel::load(const PendingSourceChange::Source &source)
+{
+    if (const auto *disc = std::get_if<DiscInfo>(&source))
+        loadDisc(*disc);
+    else
+        loadFile(std::get<QUrl>(source));
 }
 
 void AppModel::loadFile(const QUrl &url)
 {
     if (completion.value())
         clearInputs();
+    stopPreviewAndDiscard();
     inputFileURL = url;
+    loadedDisc = std::nullopt;
     chapters = QList<ChapterInfo>();
     sourceAudio = std::nullopt;
+    forgetSourcesResults();
+    currentState = WorkflowState::Kind::extractingChapters;
+    progressMessage = QString();
+    m_tasks.start([this, url](std::stop_token stop) { return inspectSource(url, stop); });
+}
+
+// What came of the source before.
+void AppModel::forgetSourcesResults()
+{
     selectedRelease = std::nullopt;
     selectedReleaseID = std::nullopt;
     encodedFiles = QList<QUrl>();
     lastOutputFolder = std::nullopt;
     encodingProgress = 0;
+    trackVerifications = QMap<qint64, RipVerification>();
     completion = std::nullopt;
-    currentState = WorkflowState::Kind::extractingChapters;
-    progressMessage = QString();
-    m_tasks.start([this, url](std::stop_token stop) { return inspectSource(url, stop); });
 }
 
 // Nothing compares the file on return: of two inspections that overlap, the one that ends last wins.
@@ -155,7 +177,9 @@ void AppModel::showInspectionFailure(const std::exception_ptr &error)
 
 void AppModel::clearInputs()
 {
+    stopPreviewAndDiscard();
     inputFileURL = std::nullopt;
+    loadedDisc = std::nullopt;
     sourceAudio = std::nullopt;
     chapters = QList<ChapterInfo>();
     for (QProperty<QString> *field : {&artist, &albumTitle, &albumYear, &genre, &discNumber, &discTotal})
@@ -168,8 +192,10 @@ void AppModel::clearInputs()
     clearCoverArt();
     encodedFiles = QList<QUrl>();
     encodingProgress = 0;
+    trackVerifications = QMap<qint64, RipVerification>();
     currentState = WorkflowState::Kind::idle;
     progressMessage = QString();
+    refreshDiscs();
 }
 
 void AppModel::setMappedTitle(qsizetype index, const QString &title)

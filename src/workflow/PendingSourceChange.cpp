@@ -9,7 +9,8 @@ using namespace Qt::StringLiterals;
 
 QString PendingSourceChange::sourceName() const
 {
-    return lastPathComponent(source);
+    const auto *disc = std::get_if<DiscInfo>(&source);
+    return disc ? disc->volumeName : lastPathComponent(std::get<QUrl>(source));
 }
 
 QString PendingSourceChange::message() const

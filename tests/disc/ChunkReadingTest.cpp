@@ -54,9 +54,8 @@ TEST_F(ChunkReadingTest, OpensTheFileAnewAndReadsHalfWhenAReadingFails)
 {
     failReadings(0, 0);
     EXPECT_EQ(copy(trackOf(37632 + 18816)), sha256Hex(test::noise(37632 + 18816)));
-    EXPECT_EQ(m_files->log(),
-              (QStringList{u"open"_s, u"read 37632"_s, u"close"_s, u"wait 100"_s, u"open"_s, u"seek 0"_s,
-                           u"read 18816"_s, u"read 37632"_s, u"close"_s}));
+    EXPECT_EQ(m_files->log(), (QStringList{u"open"_s, u"read 37632"_s, u"close"_s, u"wait 100"_s, u"open"_s,
+                                           u"seek 0"_s, u"read 18816"_s, u"read 37632"_s, u"close"_s}));
 }
 
 TEST_F(ChunkReadingTest, KeepsTheSizeThatWorked)
@@ -162,9 +161,7 @@ TEST_F(ChunkReadingTest, TellsWhyItCouldNotGoToTheOffset)
 
 TEST_F(ChunkReadingTest, GoesBackToWhereTheCopyIs)
 {
-    m_files->onRead = [](const auto &reading) {
-        return reading.index == 1 ? QByteArray() : reading.bytes;
-    };
+    m_files->onRead = [](const auto &reading) { return reading.index == 1 ? QByteArray() : reading.bytes; };
     EXPECT_EQ(copy(trackOf(100000)), sha256Hex(test::noise(100000)));
     EXPECT_EQ(m_files->log().count(u"seek 37632"_s), 1);
 }

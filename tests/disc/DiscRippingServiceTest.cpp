@@ -138,8 +138,7 @@ TEST_F(DiscRippingServiceTest, LeavesNothingOfAFailedRip)
 TEST_F(DiscRippingServiceTest, PassesOnWhyThereIsNoFolder)
 {
     DiscRippingService service(m_temporary.filePath(u"none"_s));
-    const auto error =
-        test::awaitError<std::system_error>(service.verify(trackOf(5000), {}, u"x"_s, {}, {}));
+    const auto error = test::awaitError<std::system_error>(service.verify(trackOf(5000), {}, u"x"_s, {}, {}));
     ASSERT_TRUE(error);
     EXPECT_EQ(error->code(), std::errc::no_such_file_or_directory);
     EXPECT_TRUE(test::awaitError<std::system_error>(service.rip(trackOf(5000), {}, {}, {})));

@@ -41,9 +41,8 @@ public:
         if (!entry)
             return {};
         QString type = entry->type;
-        return {{.url = QUrl::fromLocalFile(m_folder),
-                 .type = type.remove(u"fuse."_s),
-                 .source = entry->source}};
+        return {
+            {.url = QUrl::fromLocalFile(m_folder), .type = type.remove(u"fuse."_s), .source = entry->source}};
     }
 
 private:
@@ -57,8 +56,8 @@ protected:
     void SetUp() override
     {
         SKIP_WITHOUT_MOUNTS();
-        m_program = std::make_unique<test::CddafsProgram>(
-            QStringList{u"--in"_s, m_volumes.path(), m_image.path()});
+        m_program =
+            std::make_unique<test::CddafsProgram>(QStringList{u"--in"_s, m_volumes.path(), m_image.path()});
         ASSERT_EQ(m_program->waitForMount(), m_volumes.filePath(u"Album"_s));
     }
 
@@ -73,9 +72,9 @@ protected:
     QTemporaryDir m_images;
     QTemporaryDir m_volumes;
     QTemporaryDir m_temporary;
-    test::DiscImage m_image{m_images.path(),
-                            {.tracks = {{.sectors = 100}, {.sectors = 31, .title = "Second"}},
-                             .title = "Album"}};
+    test::DiscImage m_image{
+        m_images.path(),
+        {.tracks = {{.sectors = 100}, {.sectors = 31, .title = "Second"}}, .title = "Album"}};
     OpticalDiscService m_scanner{std::make_shared<OneVolume>(m_volumes.filePath(u"Album"_s))};
     std::unique_ptr<test::CddafsProgram> m_program;
 };
@@ -203,8 +202,7 @@ TEST_F(ServedDiscTest, IsReadWholeWhenASectorCanBeReadInTheEnd)
 
 TEST_F(ServedDiscTest, FailsAtASectorThatIsGone)
 {
-    const ServedDisc disc(
-        [](qint64 first, qint64 count) { return !(first <= 600 && 600 < first + count); });
+    const ServedDisc disc([](qint64 first, qint64 count) { return !(first <= 600 && 600 < first + count); });
     const auto error = awaitError<DiscError>(m_service.rip(disc.track(), {}, {}, {}));
     // The file has a header as large as a sector.
     EXPECT_EQ(error, DiscError::trackReadFailed(

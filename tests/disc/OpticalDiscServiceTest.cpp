@@ -49,9 +49,9 @@ protected:
     {
         const MountedVolume volume = emptyVolume(name);
         const QString folder = volume.url.toLocalFile();
-        test::writeFile(folder + u"/.TOC.plist",
-                        test::tocOf({test::sessionOf(test::number("Leadout Block", 2150),
-                                                     {test::trackEntry(1, 150)})}));
+        test::writeFile(
+            folder + u"/.TOC.plist",
+            test::tocOf({test::sessionOf(test::number("Leadout Block", 2150), {test::trackEntry(1, 150)})}));
         test::writeFile(folder + u"/1 Audio Track.aiff", {});
         return volume;
     }

@@ -62,9 +62,7 @@ TEST_F(RipCancellationTest, LeavesNothingWhereverItIsCancelled)
     // readings of it all, a closing.
     for (int step = 0; step < 10; ++step) {
         const auto files = std::make_shared<test::FaultyFiles>();
-        files->onRead = [](const auto &reading) {
-            return reading.index == 0 ? QByteArray() : reading.bytes;
-        };
+        files->onRead = [](const auto &reading) { return reading.index == 0 ? QByteArray() : reading.bytes; };
         std::stop_source stop;
         std::atomic<int> count = 0;
         files->onEverything = [&] {
@@ -88,6 +86,27 @@ TEST_F(RipCancellationTest, LeavesAStalledReadingBehind)
         return reading.bytes;
     };
     EXPECT_TRUE(isCancelledWhileStalled());
+    EXPECT_EQ(rips(), QStringList());
+}
+
+TEST_F(RipCancellationTest, LeavesNothingOfAVerificationOrAPrefix)
+{
+    const auto stopDuringTheSecondReading = [this](const auto &reading) {
+        if (reading.index == 1)
+            m_stop.request_stop();
+        return reading.bytes;
+    };
+    m_files->onRead = stopDuringTheSecondReading;
+    DiscRippingService verifying(m_temporary.path(), m_files);
+    EXPECT_TRUE(
+        awaitError<CancellationError>(verifying.verify(trackOf(100000), {}, u"x"_s, {}, m_stop.get_token())));
+    EXPECT_EQ(rips(), QStringList());
+
+    m_stop = {};
+    m_files = std::make_shared<test::FaultyFiles>();
+    m_files->onRead = stopDuringTheSecondReading;
+    DiscRippingService previewing(m_temporary.path(), m_files);
+    EXPECT_TRUE(awaitError<CancellationError>(previewing.prefix(trackOf(100000), 0.5, m_stop.get_token())));
     EXPECT_EQ(rips(), QStringList());
 }
 

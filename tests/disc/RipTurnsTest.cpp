@@ -93,14 +93,14 @@ TEST_F(RipTurnsTest, LetsNobodyInWhileItReads)
     auto third = service.rip(trackOf(37632, 3), {}, {}, {});
     gate->open();
     await(std::move(third));
-    EXPECT_EQ(m_files->log(), (QStringList{u"open"_s, u"read 37632"_s, u"read 37632"_s, u"close"_s, u"open"_s,
-                                           u"read 37632"_s, u"close"_s, u"open"_s, u"read 37632"_s,
-                                           u"close"_s}));
+    EXPECT_EQ(m_files->log(),
+              (QStringList{u"open"_s, u"read 37632"_s, u"read 37632"_s, u"close"_s, u"open"_s,
+                           u"read 37632"_s, u"close"_s, u"open"_s, u"read 37632"_s, u"close"_s}));
     await(std::move(first));
     await(std::move(second));
 }
 
-TEST_F(RipTurnsTest, ServesMoreAtOnceThanItHasThreads)
+TEST_F(RipTurnsTest, ServesManyCallsOneAfterTheOther)
 {
     DiscRippingService service(m_temporary.path(), m_files, noWaits());
     const DiscTrack track = trackOf(37632);

@@ -65,9 +65,9 @@ TEST_F(TrackCopyTest, CutsAnyOtherLimitButKeepsWhatWasCutInTheChecksum)
 
 TEST_F(TrackCopyTest, FailsBehindTheEndOfAFileThatIsShorterThanTheLimit)
 {
-    EXPECT_EQ(
-        errorOfCopying(trackOf(5000), 7056),
-        DiscError::trackReadFailed(3, u"The drive returned no data. Gave up after 6 attempts at 5000 bytes."_s));
+    EXPECT_EQ(errorOfCopying(trackOf(5000), 7056),
+              DiscError::trackReadFailed(
+                  3, u"The drive returned no data. Gave up after 6 attempts at 5000 bytes."_s));
     EXPECT_FALSE(hasDestination());
 }
 
@@ -177,8 +177,7 @@ TEST_F(TrackCopyTest, TellsWhyItCouldNotWrite)
         if (index == 1)
             failWith(ENOSPC);
     };
-    EXPECT_EQ(errorOfCopying(trackOf(100000)),
-              DiscError::trackReadFailed(3, u"No space left on device."_s));
+    EXPECT_EQ(errorOfCopying(trackOf(100000)), DiscError::trackReadFailed(3, u"No space left on device."_s));
     EXPECT_FALSE(hasDestination());
     EXPECT_EQ(m_files->log().last(), u"close"_s);
 }

@@ -55,7 +55,10 @@ TEST(Turn, IsNotPassedOnByWhoDoesNotHaveIt)
     Turn second(turns);
     await(first.take({}));
     second.pass();
-    EXPECT_FALSE(second.take({}).isReady());
+    auto secondComes = second.take({});
+    EXPECT_FALSE(secondComes.isReady());
+    first.pass();
+    await(std::move(secondComes));
 }
 
 TEST(Turn, IsNoLongerWaitedForAfterAStop)

@@ -86,9 +86,9 @@ protected:
 
     void writeTable() const
     {
-        write(u".TOC.plist"_s, test::tocOf({test::sessionOf(test::number("Leadout Block", 2150),
-                                                            {test::trackEntry(1, 150),
-                                                             test::trackEntry(2, 1150)})}));
+        write(u".TOC.plist"_s,
+              test::tocOf({test::sessionOf(test::number("Leadout Block", 2150),
+                                           {test::trackEntry(1, 150), test::trackEntry(2, 1150)})}));
     }
 
     std::optional<DiscError> refusal() const
@@ -106,20 +106,18 @@ TEST(TracksOf, AreTheTracksThatHaveAFileInTheirOrder)
     const QList<DiscTrack> tracks =
         tracksOf(tableOf({1, 2, 3}), volumeURL, {u"3 C.aiff"_s, u"1 Audio Track.aiff"_s, u"9 Z.aiff"_s});
     EXPECT_EQ(tracks,
-              (QList<DiscTrack>{
-                  {.number = 1,
-                   .frameCount = 1000,
-                   .audioFileURL = QUrl::fromLocalFile(u"/media/Album/1 Audio Track.aiff"_s)},
-                  {.number = 3,
-                   .frameCount = 1000,
-                   .title = u"C"_s,
-                   .audioFileURL = QUrl::fromLocalFile(u"/media/Album/3 C.aiff"_s)}}));
+              (QList<DiscTrack>{{.number = 1,
+                                 .frameCount = 1000,
+                                 .audioFileURL = QUrl::fromLocalFile(u"/media/Album/1 Audio Track.aiff"_s)},
+                                {.number = 3,
+                                 .frameCount = 1000,
+                                 .title = u"C"_s,
+                                 .audioFileURL = QUrl::fromLocalFile(u"/media/Album/3 C.aiff"_s)}}));
 }
 
 TEST(TracksOf, TakeTheLaterOfTwoFilesForATrack)
 {
-    const QList<DiscTrack> tracks =
-        tracksOf(tableOf({1}), volumeURL, {u"1 A.aiff"_s, u"01 B.aiff"_s});
+    const QList<DiscTrack> tracks = tracksOf(tableOf({1}), volumeURL, {u"1 A.aiff"_s, u"01 B.aiff"_s});
     ASSERT_EQ(tracks.size(), 1);
     EXPECT_EQ(tracks.front().title, u"B"_s);
 }

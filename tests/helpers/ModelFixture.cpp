@@ -27,25 +27,6 @@ namespace {
 
 constexpr std::chrono::milliseconds shortInterval{1};
 
-AppModel::Services servicesFor(const ModelFixture::Options &options, OnlineServices &online,
-                               const std::shared_ptr<ArtworkFolder> &artworkFolder, Panels &panels,
-                               FileViewer &fileViewer)
-{
-    return {
-        .tools = options.tools,
-        .processRunner = {},
-        .chapterExtractor = ChapterExtractionService(options.tools),
-        .encoder = AudioEncodingService(options.tools),
-        .metadataSearch = online.metadataSearch(),
-        .coverArtService = online.coverArt(),
-        .artworkFolder = artworkFolder,
-        .panels = panels,
-        .fileViewer = fileViewer,
-        .appVersion = ModelFixture::appVersion(),
-        .announcementTime = options.announcementTime,
-    };
-}
-
 } // namespace
 
 ServiceAddresses ModelFixture::noServices()
@@ -84,15 +65,41 @@ ModelFixture::ModelFixture(const Options &options)
     , m_settings(m_store)
     , m_artworkFolder(std::make_shared<ArtworkFolder>(m_folder.path()))
     , m_onlineServices(options.addresses, appVersion(), {shortInterval, shortInterval})
+    , m_previewService(options.tools, m_folder.path())
+    , m_previewPlayer(m_sounds)
+    , m_discRipper(m_folder.path())
+    , m_ejector(m_discScan)
 {
     if (options.defaultOutputDirectory)
         m_settings.setDefaultOutputDirectory(options.defaultOutputDirectory);
-    m_model = std::make_unique<AppModel>(
-        m_settings, servicesFor(options, m_onlineServices, m_artworkFolder, m_panels, m_fileViewer));
+    m_model = std::make_unique<AppModel>(m_settings, services(options));
     m_onJobChange = m_model->encodingTask.addNotifier([this] {
         if (!m_model->encodingTask.value())
             ++m_endedJobs;
     });
+}
+
+AppModel::Services ModelFixture::services(const Options &options)
+{
+    return {
+        .tools = options.tools,
+        .processRunner = {},
+        .chapterExtractor = ChapterExtractionService(options.tools),
+        .encoder = AudioEncodingService(options.tools),
+        .metadataSearch = m_onlineServices.metadataSearch(),
+        .coverArtService = m_onlineServices.coverArt(),
+        .artworkFolder = m_artworkFolder,
+        .previewService = m_previewService,
+        .previewPlayer = m_previewPlayer,
+        .discService = m_discScan,
+        .discRipper = m_discRipper,
+        .secureRipper = m_secureReader,
+        .discEjector = m_ejector,
+        .panels = m_panels,
+        .fileViewer = m_fileViewer,
+        .appVersion = appVersion(),
+        .announcementTime = options.announcementTime,
+    };
 }
 
 ModelFixture::~ModelFixture()

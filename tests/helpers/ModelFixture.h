@@ -4,6 +4,10 @@
 #include "app/settings/AppSettings.h"
 #include "app/settings/SettingsStore.h"
 #include "artwork/ArtworkFolder.h"
+#include "disc/DiscRippingService.h"
+#include "encoding/AudioPreviewPlayer.h"
+#include "encoding/ChapterPreviewService.h"
+#include "helpers/FakeDiscs.h"
 #include "helpers/FakeFileViewer.h"
 #include "helpers/FakePanels.h"
 #include "metadata/OnlineServices.h"
@@ -74,6 +78,15 @@ public:
 
     const FakeFileViewer &fileViewer() const { return m_fileViewer; }
 
+    /// What is in the machine; the model sees it at its next look.
+    FakeDiscScan &discScan() { return m_discScan; }
+
+    FakeReader &secureReader() { return m_secureReader; }
+
+    FakeEjector &ejector() { return m_ejector; }
+
+    SilentSounds &sounds() { return m_sounds; }
+
     /// A place in the temporary folder.
     QString path(const QString &name) const { return m_folder.filePath(name); }
 
@@ -102,6 +115,8 @@ public:
     void settle();
 
 private:
+    AppModel::Services services(const Options &options);
+
     QTemporaryDir m_folder;
     SettingsStore m_store;
     AppSettings m_settings;
@@ -109,6 +124,13 @@ private:
     FakeFileViewer m_fileViewer;
     std::shared_ptr<ArtworkFolder> m_artworkFolder;
     OnlineServices m_onlineServices;
+    ChapterPreviewService m_previewService;
+    SilentSounds m_sounds;
+    AudioPreviewPlayer m_previewPlayer;
+    FakeDiscScan m_discScan;
+    DiscRippingService m_discRipper;
+    FakeReader m_secureReader;
+    FakeEjector m_ejector;
     std::unique_ptr<AppModel> m_model;
     int m_endedJobs = 0;
     int m_awaitedJobs = 0;

@@ -49,7 +49,7 @@ TEST_F(SourceChange, AsksAboutEditedTitles)
     m_model.setMappedTitle(0, u"Eins"_s);
     m_model.requestFile(m_new);
     ASSERT_TRUE(m_model.pendingSourceChange.value());
-    EXPECT_EQ(m_model.pendingSourceChange.value()->source, m_new);
+    EXPECT_EQ(m_model.pendingSourceChange.value()->source, PendingSourceChange::Source(m_new));
     EXPECT_EQ(m_model.pendingSourceChange.value()->summary, u"1 edited title"_s);
     EXPECT_EQ(m_model.inputFileURL.value(), m_old);
 
