@@ -175,7 +175,7 @@ TEST_F(FileSelectionTest, KeepsItsWidthWhateverThePath)
     EXPECT_EQ(window.window().width(), 940);
     EXPECT_NEAR(inputWell().width(), outputWell().width(), 1);
     // The whole of it can be had, and isn't taken for markup.
-    EXPECT_TRUE(window.box(u"Input File:"_s).toolTip().endsWith(u"/&lt;b&gt;song&lt;/b&gt;.mkv"_s));
+    EXPECT_TRUE(window.box(u"Input File:"_s).toolTip().contains(u"/&lt;b&gt;song&lt;/b&gt;.mkv"_s));
 }
 
 TEST_F(FileSelectionTest, LetsAPathBeCopiedButNotChanged)

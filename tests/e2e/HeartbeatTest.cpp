@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // For how long the window's flows keep its event loop from turning. The figures go into the report of
 // the run; nothing is asserted on them, since a machine may be busy with other things.
-#include "e2e/ShownWindow.h"
-
-#include "app/screens/ChapterTable.h"
-#include "helpers/Contents.h"
 #include "helpers/Heartbeat.h"
+#include "app/screens/ChapterTable.h"
+#include "app/screens/CoverArtWindow.h"
+#include "e2e/ShownSheet.h"
+#include "helpers/Contents.h"
+#include "helpers/ReleasePages.h"
 #include "workflow/Sources.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 
 #include <iostream>
 
@@ -31,6 +33,31 @@ QList<ChapterMark> shortChapters(int count)
         chapters.append({number * length, (number + 1) * length, u"Chapter No. %1"_s.arg(number + 1)});
     return chapters;
 }
+
+// Whether the rows of a sheet have been painted.
+class PaintedRows : public QObject
+{
+public:
+    explicit PaintedRows(qsizetype count)
+        : m_count(count)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool hasCome() const { return m_hasCome; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const auto *list = qobject_cast<ReleaseList *>(watched->parent());
+        if (event->type() == QEvent::Paint && list && list->model()->rowCount() == m_count)
+            m_hasCome = true;
+        return false;
+    }
+
+private:
+    qsizetype m_count;
+    bool m_hasCome = false;
+};
 
 // Puts down what a flow came to, and starts afresh for the next.
 void keep(Heartbeat &heart, const std::string &flow)
@@ -108,6 +135,52 @@ TEST_F(HeartbeatTest, OfGoingBackToTheChapterTitles)
     heart.reset();
     heart.run(10, [this](int /*step*/) { click(window.button(u"Use Chapter Titles"_s)); });
     keep(heart, "reset_999_titles");
+}
+
+TEST(Heartbeat, OfASearchForFiftyReleases)
+{
+    constexpr int ofEachService = 25;
+    QList<ReleaseInfo> releases;
+    for (int number = 1; number <= ofEachService; ++number)
+        releases.append(foundRelease(QString::number(number), u"The Album, Volume %1"_s.arg(number), number));
+    ReleasePages pages;
+    pages.findAtMusicBrainz(releases);
+    pages.findAtDiscogs(releases);
+    pages.addTracks(u"1"_s, QStringList(manyChapters, u"Title"_s));
+    ModelFixture surroundings({.addresses = ModelFixture::servicesAt(pages.origin())});
+    ShownWindow window(surroundings.model());
+    surroundings->chapters = chaptersTitled(QStringList(manyChapters, u"Chapter"_s));
+    surroundings->artist = u"The Artist"_s;
+    ShownWindow::settle();
+    Heartbeat heart;
+    PaintedRows rows(2 * ofEachService);
+    click(window.button(u"Search"_s));
+    ASSERT_TRUE(heart.runUntil([&] { return rows.hasCome(); }));
+    keep(heart, "search_50_releases");
+    ShownSheet sheet(window);
+    heart.run(20, [](int /*step*/) { press(Qt::Key_Down); });
+    keep(heart, "walk_through_releases");
+    sheet.list().setHighlightedID(u"1"_s);
+    click(sheet.button(u"Use This Release"_s));
+    ASSERT_TRUE(heart.runUntil([&] { return surroundings->selectedRelease.value().has_value(); }));
+    EXPECT_EQ(window.titleBox(2).text(), u"Title"_s);
+    keep(heart, "apply_999_tracks");
+}
+
+TEST(Heartbeat, OfALargeCover)
+{
+    ModelFixture surroundings;
+    ShownWindow window(surroundings.model());
+    CoverArtWindow viewer(surroundings.model());
+    ASSERT_TRUE(showActive(viewer));
+    QImage picture(4000, 4000, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(surroundings.path(u"front.jpg"_s)));
+    Heartbeat heart;
+    EXPECT_TRUE(drop(window.find(u"Cover art drop area"_s), {surroundings.url(u"front.jpg"_s)}));
+    ASSERT_TRUE(heart.runUntil([&] { return surroundings->coverArtPreview.value().has_value(); }));
+    heart.run(5, [](int /*step*/) {});
+    keep(heart, "cover_of_4000_by_4000");
 }
 
 TEST(Heartbeat, OfAJobWithRealTools)

@@ -23,6 +23,8 @@ QRect placeOf(ChapterColumn column, Qt::LayoutDirection direction = Qt::LeftToRi
 
 TEST(ChapterColumns, HaveTheirWidths)
 {
+    EXPECT_EQ(placeOf(ChapterColumn::preview).width(), 20);
+    EXPECT_EQ(placeOf(ChapterColumn::badge).width(), 16);
     EXPECT_EQ(placeOf(ChapterColumn::number).width(), 24);
     EXPECT_EQ(placeOf(ChapterColumn::sourceTitle).width(), 200);
     EXPECT_EQ(placeOf(ChapterColumn::length).width(), 56);
@@ -30,17 +32,19 @@ TEST(ChapterColumns, HaveTheirWidths)
 
 TEST(ChapterColumns, FollowEachOtherAndFillTheRow)
 {
-    EXPECT_EQ(placeOf(ChapterColumn::number).left(), 0);
+    EXPECT_EQ(placeOf(ChapterColumn::preview).left(), 0);
+    EXPECT_GT(placeOf(ChapterColumn::number).left(), placeOf(ChapterColumn::preview).right());
     EXPECT_GT(placeOf(ChapterColumn::sourceTitle).left(), placeOf(ChapterColumn::number).right());
     EXPECT_GT(placeOf(ChapterColumn::length).left(), placeOf(ChapterColumn::sourceTitle).right());
     EXPECT_GT(placeOf(ChapterColumn::songTitle).left(), placeOf(ChapterColumn::length).right());
-    EXPECT_EQ(placeOf(ChapterColumn::songTitle).right(), row.right());
+    EXPECT_GT(placeOf(ChapterColumn::badge).left(), placeOf(ChapterColumn::songTitle).right());
+    EXPECT_EQ(placeOf(ChapterColumn::badge).right(), row.right());
 }
 
 TEST(ChapterColumns, AreMirroredWhereTheLayoutIs)
 {
-    EXPECT_EQ(placeOf(ChapterColumn::number, Qt::RightToLeft).right(), row.right());
-    EXPECT_EQ(placeOf(ChapterColumn::songTitle, Qt::RightToLeft).left(), 0);
+    EXPECT_EQ(placeOf(ChapterColumn::preview, Qt::RightToLeft).right(), row.right());
+    EXPECT_EQ(placeOf(ChapterColumn::badge, Qt::RightToLeft).left(), 0);
 }
 
 TEST(ChapterColumns, GrowWithTheirDigits)

@@ -2,6 +2,7 @@
 #include "app/screens/ElidedLabel.h"
 #include "app/screens/IconLabel.h"
 #include "app/screens/TextStyle.h"
+#include "app/screens/Tooltip.h"
 
 #include "helpers/Printing.h"
 #include "helpers/Rendering.h"
@@ -10,8 +11,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QHelpEvent>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace tonearm {
@@ -100,9 +103,20 @@ TEST(ElidedLabel, ShowsItsWholeTextAsATooltipOnlyWhereItIsShortened)
     label.setText(u"A title <i>far</i> too long for its narrow place"_s);
     ASSERT_TRUE(showActive(label));
     label.resize(60, 20);
-    EXPECT_EQ(tooltipOf(label), label.text().toHtmlEscaped());
+    EXPECT_EQ(tooltipOf(label), plainTooltip(label.text()));
     label.resize(1000, 20);
     EXPECT_EQ(tooltipOf(label), std::nullopt);
+}
+
+TEST(Tooltip, ShowsATextAsItIs)
+{
+    for (const QString &text : {u"A & B"_s, u"<b>bold</b> &amp; more"_s, u"two\nlines,  two spaces"_s}) {
+        const QString tooltip = plainTooltip(text);
+        EXPECT_TRUE(Qt::mightBeRichText(tooltip));
+        QTextDocument document;
+        document.setHtml(tooltip);
+        EXPECT_EQ(document.toPlainText(), text);
+    }
 }
 
 TEST(ElidedLabel, CanBecomeNarrow)
@@ -150,6 +164,16 @@ TEST(TextStyle, MakesSecondaryTextPalerThanTheTextAroundInLightAndDark)
               window.palette().windowText().color().lightness());
     EXPECT_GT(label.palette().windowText().color().lightness(),
               window.palette().window().color().lightness());
+}
+
+TEST(TextStyle, HasAFontForWhatIsNoLabel)
+{
+    QFont around;
+    around.setPixelSize(20);
+    around.setItalic(true);
+    const QFont small = fontOf(TextStyle::smallSecondary, around);
+    EXPECT_NEAR(QFontInfo(small).pixelSize(), 18, 1);
+    EXPECT_TRUE(small.italic());
 }
 
 TEST(TextStyle, MakesHeadingsBolder)

@@ -20,6 +20,7 @@ constexpr int pictureInset = 5;
 constexpr int noteInset = 8;
 constexpr int iconSide = 24;
 constexpr int gap = 4;
+constexpr double opacityBelowSpinner = 0.25;
 
 // A smooth picture of `size` pixels. Most of the reduction skips pixels, so that even a large picture is
 // ready between two frames.
@@ -48,19 +49,27 @@ void ArtworkWell::setContent(const ArtworkWellContent &content)
 {
     m_content = content;
     m_painted = QImage();
-    m_spinner->setVisible(std::holds_alternative<ArtworkWellContent::Loading>(content.value));
+    m_spinner->setVisible(isWaiting());
     setAccessibleDescription(contentDescription());
     update();
 }
 
+bool ArtworkWell::isWaiting() const
+{
+    const auto *image = std::get_if<ArtworkWellContent::Image>(&m_content.value);
+    return image ? image->isBeingReplaced
+                 : std::holds_alternative<ArtworkWellContent::Loading>(m_content.value);
+}
+
 QString ArtworkWell::contentDescription() const
 {
+    if (isWaiting())
+        return u"Fetching…"_s;
     if (const auto *empty = std::get_if<ArtworkWellContent::Empty>(&m_content.value))
         return empty->caption;
     if (const auto *conflicting = std::get_if<ArtworkWellContent::Conflicting>(&m_content.value))
         return conflicting->message;
-    return std::holds_alternative<ArtworkWellContent::Image>(m_content.value) ? u"Holds a picture"_s
-                                                                              : u"Fetching…"_s;
+    return u"Holds a picture"_s;
 }
 
 void ArtworkWell::paintEvent(QPaintEvent * /*event*/)
@@ -68,22 +77,25 @@ void ArtworkWell::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     paintGround(painter);
     if (const auto *image = std::get_if<ArtworkWellContent::Image>(&m_content.value))
-        paintPicture(painter, image->picture);
+        paintPicture(painter, *image);
     else if (const auto *empty = std::get_if<ArtworkWellContent::Empty>(&m_content.value))
         paintNote(painter, empty->caption, false);
     else if (const auto *conflicting = std::get_if<ArtworkWellContent::Conflicting>(&m_content.value))
         paintNote(painter, conflicting->message, true);
 }
 
-void ArtworkWell::paintPicture(QPainter &painter, const QImage &picture)
+void ArtworkWell::paintPicture(QPainter &painter, const ArtworkWellContent::Image &image)
 {
     const QRectF area = QRectF(rect()).adjusted(pictureInset, pictureInset, -pictureInset, -pictureInset);
-    const QSizeF size = QSizeF(picture.size()).scaled(area.size(), Qt::KeepAspectRatio);
+    const QSizeF size =
+        QSizeF(image.picture.size()).scaled(area.size(), Qt::KeepAspectRatio).expandedTo({1, 1});
     QRectF place(QPointF(), size);
     place.moveCenter(area.center());
-    const QSize pixels = (size * devicePixelRatioF()).toSize().expandedTo({1, 1});
+    const QSize pixels = (size * devicePixelRatioF()).toSize();
     if (m_painted.size() != pixels)
-        m_painted = thumbnail(picture, pixels);
+        m_painted = thumbnail(image.picture, pixels);
+    if (image.isBeingReplaced)
+        painter.setOpacity(opacityBelowSpinner);
     painter.drawImage(place, m_painted);
 }
 

@@ -26,6 +26,8 @@ struct ArtworkWellContent
     struct Image
     {
         QImage picture;
+        /// Whether another picture is on its way.
+        bool isBeingReplaced = false;
         bool operator==(const Image &) const = default;
     };
 
@@ -67,7 +69,8 @@ protected:
 
 private:
     void popUpMenu(const QPoint &place);
-    void paintPicture(QPainter &painter, const QImage &picture);
+    void paintPicture(QPainter &painter, const ArtworkWellContent::Image &image);
+    bool isWaiting() const;
     void paintNote(QPainter &painter, const QString &text, bool isWarning) const;
     QString contentDescription() const;
 

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/ArtworkWindow.h"
 
+#include "app/screens/AccessibleRole.h"
 #include "app/screens/Divider.h"
 #include "app/screens/IconView.h"
 #include "app/screens/TextStyle.h"
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
@@ -30,6 +32,35 @@ constexpr int iconSide = 48;
 constexpr int gap = 8;
 
 } // namespace
+
+// Works on no more of a picture than is in view, so that a large one is ready between two frames.
+class ArtworkWindow::PictureView : public QWidget
+{
+public:
+    explicit PictureView(const QString &name)
+    {
+        setAccessibleRole(this, QAccessible::Graphic);
+        setAccessibleName(name);
+    }
+
+    void setPicture(const QImage &picture, const QSize &size)
+    {
+        m_picture = picture;
+        resize(size);
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(rect(), m_picture);
+    }
+
+private:
+    QImage m_picture;
+};
 
 QRect fittedFrame(const QSize &picture, const QRect &frame, const QSize &margins,
                   const std::optional<QRect> &screen)
@@ -83,9 +114,7 @@ QWidget *ArtworkWindow::makePlaceholder(const ArtworkPlaceholder &placeholder)
 QWidget *ArtworkWindow::makePictureView()
 {
     auto *place = new QWidget(this);
-    m_picture = new QLabel;
-    m_picture->setScaledContents(true);
-    m_picture->setAccessibleName(windowTitle());
+    m_picture = new PictureView(windowTitle());
     auto *area = new QScrollArea(place);
     area->setFrameShape(QFrame::NoFrame);
     area->setAlignment(Qt::AlignCenter);
@@ -111,12 +140,11 @@ void ArtworkWindow::setArtwork(const std::optional<ViewedArtwork> &artwork)
     m_places->setCurrentIndex(artwork ? 1 : 0);
     m_size = artwork ? artwork->size : std::nullopt;
     if (!artwork) {
-        m_picture->clear();
+        m_picture->setPicture({}, {});
         m_summary->clear();
         return;
     }
-    m_picture->setPixmap(QPixmap::fromImage(artwork->picture));
-    m_picture->resize(m_size.value_or(QSize(sideWhereUnknown, sideWhereUnknown)));
+    m_picture->setPicture(artwork->picture, m_size.value_or(QSize(sideWhereUnknown, sideWhereUnknown)));
     m_summary->setText(artwork->summary);
     m_summary->setVisible(!artwork->summary.isEmpty());
     if (isVisible())

@@ -58,7 +58,8 @@ private:
     void fit();
 
     QStackedWidget *m_places;
-    QLabel *m_picture = nullptr;
+    class PictureView;
+    PictureView *m_picture = nullptr;
     QLabel *m_summary = nullptr;
     std::optional<QSize> m_size;
 };

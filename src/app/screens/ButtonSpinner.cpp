@@ -2,6 +2,7 @@
 #include "app/screens/ButtonSpinner.h"
 
 #include <QEvent>
+#include <QStyle>
 
 namespace tonearm {
 
@@ -28,9 +29,8 @@ void ButtonSpinner::takePlace()
     const int textWidth = text.isEmpty() ? 0 : m_button->fontMetrics().horizontalAdvance(text);
     const int left = text.isEmpty() ? (m_button->width() - width()) / 2
                                     : (m_button->width() - textWidth) / 2 - gap - width();
-    const QPoint place(left, (m_button->height() - height()) / 2);
-    if (pos() != place)
-        move(place);
+    const QRect place(QPoint(left, (m_button->height() - height()) / 2), size());
+    move(QStyle::visualRect(m_button->layoutDirection(), m_button->rect(), place).topLeft());
 }
 
 } // namespace tonearm

@@ -7,7 +7,7 @@
 
 namespace tonearm {
 
-/// A spinner on a button, to the left of its text or, where it has none, in its middle. Belongs to the
+/// A spinner on a button, before its text or, where it has none, in its middle. Belongs to the
 /// button.
 class ButtonSpinner : public Spinner
 {

@@ -14,9 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int previewWidth = 20;
 constexpr int numberWidth = 24;
 constexpr int sourceTitleWidth = 200;
 constexpr int lengthWidth = 56;
+constexpr int badgeWidth = 16;
 constexpr int gap = 10;
 
 QFont tabularDigits(const QFont &font)
@@ -38,7 +40,7 @@ ChapterColumns::ChapterColumns(const QFont &font)
     : m_digits(tabularDigits(font))
 {
     const QFontMetrics metrics(m_digits);
-    m_widths = {std::max(numberWidth, metrics.horizontalAdvance(u"999"_s)), sourceTitleWidth,
+    m_widths = {previewWidth, std::max(numberWidth, metrics.horizontalAdvance(u"999"_s)), sourceTitleWidth,
                 std::max(lengthWidth, metrics.horizontalAdvance(u"0:00:00"_s))};
 }
 
@@ -46,12 +48,14 @@ QRect ChapterColumns::place(ChapterColumn column, const QRect &row, Qt::LayoutDi
 {
     QRect place = row;
     const auto index = static_cast<std::size_t>(column);
-    for (std::size_t before = 0; before < index; ++before)
+    for (std::size_t before = 0; before < std::min(index, m_widths.size()); ++before)
         place.setLeft(place.left() + m_widths[before] + gap);
     if (index < m_widths.size())
         place.setWidth(m_widths[index]);
+    else if (column == ChapterColumn::songTitle)
+        place.setWidth(std::max(place.width() - badgeWidth - gap, 0));
     else
-        place.setWidth(std::max(place.width(), 0));
+        place.setLeft(place.right() + 1 - badgeWidth);
     return QStyle::visualRect(direction, row, place);
 }
 

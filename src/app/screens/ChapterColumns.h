@@ -8,12 +8,14 @@
 
 namespace tonearm {
 
-/// The columns of the chapter table in their order. The last takes the room that the others leave.
+/// The columns of the chapter table in their order. The song titles take the room that the others leave.
 enum class ChapterColumn {
+    preview,
     number,
     sourceTitle,
     length,
     songTitle,
+    badge,
 };
 
 /// Where the columns of the chapter table lie.
@@ -36,8 +38,8 @@ public:
 
 private:
     QFont m_digits;
-    /// Of all but the last.
-    std::array<int, 3> m_widths;
+    /// Of those in front of the song titles.
+    std::array<int, 4> m_widths;
 };
 
 } // namespace tonearm

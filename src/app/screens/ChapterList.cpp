@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -21,13 +22,13 @@ namespace {
 constexpr int placeholders = 7;
 constexpr int smallestHeight = 150;
 
-bool differOnlyInSongTitles(const QList<ChapterTableRow> &one, const QList<ChapterTableRow> &other)
+bool areOfTheSameChapters(const QList<ChapterTableRow> &one, const QList<ChapterTableRow> &other)
 {
-    const auto sameButSongTitle = [](const ChapterTableRow &left, const ChapterTableRow &right) {
+    const auto isOfTheSame = [](const ChapterTableRow &left, const ChapterTableRow &right) {
         return left.number == right.number && left.sourceTitle == right.sourceTitle &&
                left.length == right.length;
     };
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(), sameButSongTitle);
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(), isOfTheSame);
 }
 
 ChapterRowView *rowViewOf(QObject *titleBox)
@@ -51,6 +52,12 @@ ChapterList::ChapterList(QWidget *parent)
     // which those in the rows have to stand out.
     viewport()->setBackgroundRole(QPalette::Window);
     viewport()->setAutoFillBackground(true);
+    auto *previewKey = new QShortcut(Qt::CTRL | Qt::Key_P, this);
+    previewKey->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(previewKey, &QShortcut::activated, this, [this] {
+        if (const std::optional<int> row = focusedRow())
+            Q_EMIT previewToggled(*row);
+    });
     // Children are read out in their order.
     m_header->lower();
     measure();
@@ -63,11 +70,11 @@ void ChapterList::setSourceTitleHeader(const QString &title)
 
 void ChapterList::setRows(const QList<ChapterTableRow> &rows)
 {
-    if (differOnlyInSongTitles(m_rows, rows)) {
+    if (areOfTheSameChapters(m_rows, rows)) {
         m_rows = rows;
         if (!m_rows.isEmpty())
             for (const auto &[row, view] : m_views.inUse())
-                view->setSongTitle(m_rows[row].songTitle);
+                view->updateRow(m_rows[row]);
         return;
     }
     saveFocus(rows.size());
@@ -158,6 +165,8 @@ ChapterRowView *ChapterList::madeView()
         reveal(view->index());
         Q_EMIT songTitleEdited(view->index(), title);
     });
+    connect(view, &ChapterRowView::previewToggled, this,
+            [this, view] { Q_EMIT previewToggled(view->index()); });
     return view;
 }
 

@@ -26,7 +26,7 @@ public:
 
     void setSourceTitleHeader(const QString &title);
 
-    /// Where only song titles differ from those shown, nothing changes but the boxes they stand in.
+    /// Where only song titles, previews or badges differ from those shown, nothing else changes.
     /// Without rows there are placeholders.
     void setRows(const QList<ChapterTableRow> &rows);
 
@@ -34,6 +34,7 @@ public:
 
 Q_SIGNALS:
     void songTitleEdited(int index, const QString &title);
+    void previewToggled(int index);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -18,13 +18,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QList<ChapterTableRow> rowsOf(const QList<ChapterInfo> &chapters)
+ChapterPreviewState previewOf(const ChapterInfo &chapter, const AppModel &model)
 {
+    if (model.previewingChapterID.value() == chapter.id)
+        return ChapterPreviewState::playing;
+    if (model.preparingPreviewChapterID.value() == chapter.id)
+        return ChapterPreviewState::preparing;
+    return model.canPreview() ? ChapterPreviewState::available : ChapterPreviewState::unavailable;
+}
+
+QList<ChapterTableRow> rowsOf(const AppModel &model)
+{
+    const QList<ChapterInfo> chapters = model.chapters.value();
+    const QMap<qint64, RipVerification> verifications = model.trackVerifications.value();
     QList<ChapterTableRow> rows;
     rows.reserve(chapters.size());
     for (const ChapterInfo &chapter : chapters) {
-        rows.append({QString::number(rows.size() + 1), chapter.originalTitle, chapter.durationText(),
-                     chapter.mappedTitle});
+        const auto verification = verifications.constFind(chapter.id);
+        rows.append({.number = QString::number(rows.size() + 1),
+                     .sourceTitle = chapter.originalTitle,
+                     .length = chapter.durationText(),
+                     .songTitle = chapter.mappedTitle,
+                     .preview = previewOf(chapter, model),
+                     .verification = verification == verifications.constEnd()
+                                         ? std::nullopt
+                                         : std::optional(*verification)});
     }
     return rows;
 }
@@ -32,11 +50,12 @@ QList<ChapterTableRow> rowsOf(const QList<ChapterInfo> &chapters)
 } // namespace
 
 ChapterMappingSection::ChapterMappingSection(AppModel &model, QWidget *parent)
-    : SectionBox(3, chapterHeading(0), parent)
+    : SectionBox(3, chapterHeading(0, false), parent)
     , m_model(model)
 {
     bind(
-        this, [&model] { return chapterHeading(model.chapters.value().size()); }, &SectionBox::setTitle);
+        this, [&model] { return chapterHeading(model.chapters.value().size(), model.isDiscSource()); },
+        &SectionBox::setTitle);
     addExplanation();
     addMismatchNote();
     addTable();
@@ -56,8 +75,14 @@ void ChapterMappingSection::addExplanation()
         },
         &QLabel::setText);
 
-    auto *reset = new QPushButton(u"Use Chapter Titles"_s, this);
-    reset->setToolTip(u"Replace the song titles with the file's own chapter titles"_s);
+    auto *reset = new QPushButton(this);
+    bind(
+        reset, [this] { return m_model.isDiscSource(); },
+        [](QPushButton *button, bool isDisc) {
+            button->setText(isDisc ? u"Use Disc Titles"_s : u"Use Chapter Titles"_s);
+            button->setToolTip(isDisc ? u"Replace the song titles with the disc's own CD-Text titles"_s
+                                      : u"Replace the song titles with the file's own chapter titles"_s);
+        });
     connect(reset, &QPushButton::clicked, this, [this] { m_model.resetToSourceTitles(); });
     bind(
         reset, [this] { return !m_model.encodingTask.value().has_value(); }, &QWidget::setVisible);
@@ -103,10 +128,17 @@ void ChapterMappingSection::addTable()
 {
     auto *table = new ChapterTable(this);
     bind(
-        table, [this] { return m_model.chapters.value(); },
-        [](ChapterTable *shown, const QList<ChapterInfo> &chapters) { shown->setRows(rowsOf(chapters)); });
+        table, [this] { return rowsOf(m_model); }, &ChapterTable::setRows);
+    bind(
+        table, [this] { return m_model.isDiscSource() ? u"Track"_s : u"Chapter"_s; },
+        &ChapterTable::setSourceTitleHeader);
     connect(table, &ChapterTable::songTitleEdited, this,
             [this](int index, const QString &title) { m_model.setMappedTitle(index, title); });
+    connect(table, &ChapterTable::previewToggled, this, [this](int index) {
+        const QList<ChapterInfo> chapters = m_model.chapters.value();
+        if (index < chapters.size())
+            m_model.togglePreview(chapters[index]);
+    });
     content()->addWidget(table, 1);
 }
 

@@ -4,6 +4,9 @@
 #include "app/screens/AccessibleRole.h"
 #include "app/screens/Colours.h"
 #include "app/screens/ElidedLabel.h"
+#include "app/screens/Icons.h"
+#include "app/screens/PreviewButton.h"
+#include "app/screens/VerificationBadge.h"
 
 #include <QFontMetrics>
 #include <QLineEdit>
@@ -20,16 +23,29 @@ constexpr QMargins rowPadding(2, 3, 2, 3);
 constexpr int barHeight = 24;
 constexpr double barRadius = 5;
 constexpr double barOpacity = 0.08;
+constexpr double signOpacity = 0.4;
+// How much of a chapter its preview plays.
+constexpr int previewSeconds = 20;
+
+// A square in the middle of a column's place.
+QRect square(const QRect &place)
+{
+    QRect result(0, 0, place.width(), place.width());
+    result.moveCenter(place.center());
+    return result;
+}
 
 } // namespace
 
 ChapterRowView::ChapterRowView(const ChapterColumns &columns, QWidget *parent)
     : QWidget(parent)
     , m_columns(columns)
+    , m_preview(new PreviewButton(this))
     , m_number(new ElidedLabel(Qt::ElideRight, this))
     , m_sourceTitle(new ElidedLabel(Qt::ElideRight, this))
     , m_length(new ElidedLabel(Qt::ElideRight, this))
     , m_songTitle(new QLineEdit(this))
+    , m_badge(new VerificationBadge(this))
 {
     setAccessibleRole(this, QAccessible::Grouping);
     m_number->setAlignment(ChapterColumns::alignment(ChapterColumn::number));
@@ -40,6 +56,7 @@ ChapterRowView::ChapterRowView(const ChapterColumns &columns, QWidget *parent)
     m_songTitle->setFocusPolicy(Qt::ClickFocus);
     // Not textEdited: an assistive tool that fills the box in doesn't type.
     connect(m_songTitle, &QLineEdit::textChanged, this, &ChapterRowView::songTitleEdited);
+    connect(m_preview, &QAbstractButton::clicked, this, &ChapterRowView::previewToggled);
 }
 
 int ChapterRowView::heightIn(QWidget *list)
@@ -61,15 +78,31 @@ void ChapterRowView::showRow(int index, const ChapterTableRow &row)
     m_songTitle->setCursorPosition(0);
     m_songTitle->setAccessibleName(u"Song title for chapter %1"_s.arg(index + 1));
     m_songTitle->show();
+    m_preview->setVisible(true);
+    showState(row);
     setAccessibleName(u"Chapter %1"_s.arg(index + 1));
 }
 
 void ChapterRowView::showPlaceholder(int index)
 {
     m_index = index;
-    showTexts({QString::number(index + 1), u"—"_s, u"—"_s, QString()}, QPalette::PlaceholderText);
+    showTexts({QString::number(index + 1), u"—"_s, u"—"_s}, QPalette::PlaceholderText);
     m_songTitle->hide();
+    m_preview->hide();
+    m_badge->hide();
     setAccessibleName(QString());
+}
+
+void ChapterRowView::updateRow(const ChapterTableRow &row)
+{
+    setSongTitle(row.songTitle);
+    showState(row);
+}
+
+void ChapterRowView::showState(const ChapterTableRow &row)
+{
+    m_preview->setState(row.preview, m_index + 1, previewSeconds);
+    m_badge->setVerification(row.verification);
 }
 
 void ChapterRowView::setSongTitle(const QString &title)
@@ -90,6 +123,8 @@ void ChapterRowView::placeColumns()
 {
     m_number->setFont(m_columns.digits());
     m_length->setFont(m_columns.digits());
+    m_preview->setGeometry(square(place(ChapterColumn::preview)));
+    m_badge->setGeometry(square(place(ChapterColumn::badge)));
     m_number->setGeometry(place(ChapterColumn::number));
     m_sourceTitle->setGeometry(place(ChapterColumn::sourceTitle));
     m_length->setGeometry(place(ChapterColumn::length));
@@ -115,6 +150,9 @@ void ChapterRowView::paintEvent(QPaintEvent * /*event*/)
     painter.setPen(Qt::NoPen);
     painter.setBrush(faded(toneColour(Tone::secondary, palette()), barOpacity));
     painter.drawRoundedRect(bar, barRadius, barRadius);
+    painter.setOpacity(signOpacity);
+    paintIcon(painter, square(place(ChapterColumn::preview)), IconName::play,
+              toneColour(Tone::secondary, palette()));
 }
 
 QRect ChapterRowView::place(ChapterColumn column) const

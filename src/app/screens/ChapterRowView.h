@@ -11,6 +11,8 @@ class QLineEdit;
 namespace tonearm {
 
 class ElidedLabel;
+class PreviewButton;
+class VerificationBadge;
 
 /// One row of the chapter table: shows one chapter or a placeholder, and can be given another.
 class ChapterRowView : public QWidget
@@ -30,8 +32,9 @@ public:
     void showRow(int index, const ChapterTableRow &row);
     void showPlaceholder(int index);
 
-    /// Leaves the text box alone where it shows that title already.
-    void setSongTitle(const QString &title);
+    /// For a row of which nothing but the title and what is told of the track may have changed. Leaves the
+    /// text box alone where it shows that title already.
+    void updateRow(const ChapterTableRow &row);
 
     QLineEdit *titleBox() const { return m_songTitle; }
 
@@ -41,6 +44,7 @@ public:
 Q_SIGNALS:
     /// At every change that the user makes.
     void songTitleEdited(const QString &title);
+    void previewToggled();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -49,12 +53,16 @@ protected:
 private:
     QRect place(ChapterColumn column) const;
     void showTexts(const ChapterTableRow &row, QPalette::ColorRole role);
+    void showState(const ChapterTableRow &row);
+    void setSongTitle(const QString &title);
 
     const ChapterColumns &m_columns;
+    PreviewButton *m_preview;
     ElidedLabel *m_number;
     ElidedLabel *m_sourceTitle;
     ElidedLabel *m_length;
     QLineEdit *m_songTitle;
+    VerificationBadge *m_badge;
     int m_index = -1;
 };
 

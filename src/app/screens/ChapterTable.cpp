@@ -31,6 +31,7 @@ ChapterTable::ChapterTable(QWidget *parent)
     column->setContentsMargins(padding, padding, padding, padding);
     column->addWidget(m_list);
     connect(m_list, &ChapterList::songTitleEdited, this, &ChapterTable::songTitleEdited);
+    connect(m_list, &ChapterList::previewToggled, this, &ChapterTable::previewToggled);
 }
 
 void ChapterTable::setSourceTitleHeader(const QString &title)

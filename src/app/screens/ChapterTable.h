@@ -23,8 +23,8 @@ public:
     /// What stands above the source's own titles; "Chapter" at first.
     void setSourceTitleHeader(const QString &title);
 
-    /// To be called whenever anything in the rows changes. Where only song titles differ from those
-    /// shown, nothing but their boxes changes, and a box that shows its title already is left alone with
+    /// To be called whenever anything in the rows changes. Where only song titles, previews or badges differ
+    /// from those shown, nothing but those changes, and a box that shows its title already is left alone with
     /// its cursor and its undo history; so the rows may well be set at every keystroke. Otherwise the
     /// table starts again from its top. Without rows it shows placeholders.
     void setRows(const QList<ChapterTableRow> &rows);
@@ -32,6 +32,8 @@ public:
 Q_SIGNALS:
     /// At every change that the user makes to a title. Rows count from 0.
     void songTitleEdited(int index, const QString &title);
+    /// The row's preview was pressed.
+    void previewToggled(int index);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

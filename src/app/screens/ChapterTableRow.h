@@ -1,17 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "workflow/records/RipVerification.h"
+
 #include <QString>
 
+#include <optional>
+
 namespace tonearm {
+
+/// What can be done with the preview of a chapter, or is being done.
+enum class ChapterPreviewState { unavailable, available, preparing, playing };
 
 /// What one row of the chapter table shows.
 struct ChapterTableRow
 {
-    QString number;
-    QString sourceTitle;
-    QString length;
-    QString songTitle;
+    QString number = {};
+    QString sourceTitle = {};
+    QString length = {};
+    QString songTitle = {};
+    ChapterPreviewState preview = ChapterPreviewState::unavailable;
+    std::optional<RipVerification> verification = {};
 
     bool operator==(const ChapterTableRow &) const = default;
 };

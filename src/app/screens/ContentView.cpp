@@ -2,6 +2,7 @@
 #include "app/screens/ContentView.h"
 
 #include "app/screens/ChapterMappingSection.h"
+#include "app/screens/DiscBanner.h"
 #include "app/screens/Divider.h"
 #include "app/screens/EncodingSection.h"
 #include "app/screens/FFmpegBanner.h"
@@ -27,6 +28,7 @@ ContentView::ContentView(AppModel &model, const GenreCatalog &genres, QWidget *p
     layout->setContentsMargins(padding, padding, padding, padding);
     layout->setSpacing(gap);
     layout->addWidget(new FFmpegBanner(model));
+    layout->addWidget(new DiscBanner(model));
     layout->addWidget(new FileSelectionSection(model));
     layout->addWidget(new Divider);
     auto *metadata = new MetadataSearchSection(model, genres);

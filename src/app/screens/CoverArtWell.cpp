@@ -23,10 +23,11 @@ constexpr int gap = 6;
 
 ArtworkWellContent contentOf(const AppModel &model)
 {
-    if (model.isFetchingArtwork.value())
-        return {ArtworkWellContent::Loading{}};
+    const bool isFetching = model.isFetchingArtwork.value();
     if (const std::optional<QImage> picture = model.coverArtPreview.value())
-        return {ArtworkWellContent::Image{*picture}};
+        return {ArtworkWellContent::Image{*picture, isFetching}};
+    if (isFetching)
+        return {ArtworkWellContent::Loading{}};
     return {ArtworkWellContent::Empty{u"Cover art"_s}};
 }
 

@@ -15,15 +15,13 @@ namespace {
 std::optional<ViewedArtwork> viewedArtwork(const AppModel &model)
 {
     const std::optional<QImage> preview = model.coverArtPreview.value();
-    const std::optional<PreparedCoverArt> art = model.coverArt.value();
     if (!preview)
         return std::nullopt;
     ViewedArtwork viewed{*preview};
-    if (art) {
-        // The picture may lie on its side in its file.
-        const int longest = std::max(art->pixelWidth, art->pixelHeight);
+    const PreparedCoverArt art = model.coverArt.value().value_or(PreparedCoverArt());
+    // The picture may lie on its side in its file.
+    if (const int longest = std::max(art.pixelWidth, art.pixelHeight); longest > 0)
         viewed.size = preview->size().scaled(longest, longest, Qt::KeepAspectRatio);
-    }
     viewed.summary = model.coverArtCaption().value_or(QString());
     return viewed;
 }

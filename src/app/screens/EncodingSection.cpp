@@ -94,10 +94,14 @@ QPushButton *EncodingSection::makeShowButton()
 QPushButton *EncodingSection::makeClearButton()
 {
     auto *button = new QPushButton(this);
-    button->setToolTip(u"Clear the inputs, ready for the next job"_s);
     connect(button, &QPushButton::clicked, this, [this] { m_model.clearOrEject(); });
     bind(
-        button, [this] { return m_model.clearButtonTitle(); }, &QAbstractButton::setText);
+        button, [this] { return m_model.clearButtonTitle(); },
+        [](QPushButton *shown, const QString &title) {
+            shown->setText(title);
+            shown->setToolTip(title == u"Eject"_s ? u"Eject the disc and clear the inputs"_s
+                                                  : u"Clear the inputs, ready for the next job"_s);
+        });
     bind(
         button, [this] { return m_model.hasSource(); }, &QWidget::setVisible);
     bind(
@@ -142,6 +146,16 @@ void EncodingSection::addSummary()
             label->setVisible(!text.isEmpty());
         });
     content()->addWidget(summary);
+
+    auto *verification = new IconLabel(IconName::success, Tone::success, this);
+    bind(
+        verification, [this] { return verificationSummary(m_model); },
+        [](IconLabel *label, const VerificationSummary &shown) {
+            label->setIcon(shown.icon, shown.icon == IconName::warning ? Tone::warning : Tone::success);
+            label->setText(shown.text);
+            label->setVisible(!shown.text.isEmpty());
+        });
+    content()->addWidget(verification);
 }
 
 } // namespace tonearm

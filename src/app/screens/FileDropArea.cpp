@@ -56,10 +56,11 @@ void FileDropArea::dropEvent(QDropEvent *event)
 {
     setTargeted(false);
     const std::optional<QUrl> file = firstFile(event->mimeData());
-    if (file && m_onDrop(*file))
-        event->acceptProposedAction();
-    else
-        event->ignore();
+    if (!file || !m_onDrop(*file))
+        return event->ignore();
+    // Never a move, after which some programs delete the file.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void FileDropArea::paintGround(QPainter &painter) const

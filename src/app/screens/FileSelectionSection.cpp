@@ -65,7 +65,9 @@ QWidget *FileSelectionSection::makeInputFileWell()
 {
     const auto accept = [this](const QUrl &url) { return m_model.acceptDroppedFile(url); };
     auto *well = new DropWell(u"Input file drop area"_s, accept, this);
-    well->setIcon(IconName::inputFile);
+    bind(
+        well, [this] { return m_model.isDiscSource() ? IconName::disc : IconName::inputFile; },
+        &DropWell::setIcon);
     bind(
         well, [this] { return m_model.sourceName().value_or(u"Drag an .mkv file here"_s); },
         &DropWell::setLabel);
@@ -102,7 +104,18 @@ void FileSelectionSection::addPaths()
     auto *input = new PathRow(u"Input File:"_s, this);
     bind(
         input, [this] { return pathOf(m_model.inputFileURL.value()); }, &PathRow::setPath);
+    bind(
+        input, [this] { return !m_model.isDiscSource(); }, &QWidget::setVisible);
     paths->addWidget(input);
+
+    auto *disc = new PathRow(u"Audio CD:"_s, this);
+    bind(
+        disc, [this] { return m_model.loadedDisc.value(); },
+        [](PathRow *row, const std::optional<DiscInfo> &loaded) {
+            row->setPath(loaded ? std::optional(loaded->volumeName) : std::nullopt);
+            row->setVisible(loaded.has_value());
+        });
+    paths->addWidget(disc);
 
     auto *output = new PathRow(u"Output Folder:"_s, this);
     bind(

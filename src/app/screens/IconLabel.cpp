@@ -22,7 +22,6 @@ IconLabel::IconLabel(IconName name, Tone tone, QWidget *parent)
     // Names of files and releases stand in these texts, and none of them is markup.
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
-    setAlignment(Qt::AlignLeading | Qt::AlignTop);
     makeRoom();
 }
 
@@ -67,6 +66,9 @@ void IconLabel::makeRoom()
 {
     const int room = iconSide() + gap;
     const int above = qMax(0, (iconSide() - fontMetrics().height() + 1) / 2);
+    // At the icon's side, whichever way the text itself runs.
+    setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute |
+                 Qt::AlignTop);
     if (layoutDirection() == Qt::RightToLeft)
         setContentsMargins(0, above, room, above);
     else

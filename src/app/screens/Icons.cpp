@@ -50,6 +50,14 @@ QString fileStem(IconName name)
         return u"cancel"_s;
     case IconName::search:
         return u"search"_s;
+    case IconName::seal:
+        return u"seal"_s;
+    case IconName::shield:
+        return u"shield"_s;
+    case IconName::play:
+        return u"play"_s;
+    case IconName::stop:
+        return u"stop"_s;
     case IconName::cdBadge:
         return u"badge-cd"_s;
     case IconName::hiresBadge:

@@ -25,6 +25,10 @@ enum class IconName {
     gearWarning,
     cancel,
     search,
+    seal,
+    shield,
+    play,
+    stop,
     cdBadge,
     hiresBadge,
 };

@@ -25,8 +25,9 @@ void NoticeList::setNotices(const QList<MetadataSearchOutcome::Notice> &notices)
         auto *label = new IconLabel(name, Tone::warning, this);
         applyTextStyle(label, m_style);
         label->setText(notice.message);
-        label->setSelectable(true);
         layout()->addWidget(label);
+        // At once, so that whoever asks how much room the notices take hears of all of them.
+        label->show();
     }
     setVisible(!notices.isEmpty());
 }

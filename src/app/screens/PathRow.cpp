@@ -3,6 +3,7 @@
 
 #include "app/screens/IconView.h"
 #include "app/screens/TextStyle.h"
+#include "app/screens/Tooltip.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -80,7 +81,7 @@ void PathRow::setPath(const std::optional<QString> &path)
     m_isSet = path.has_value();
     m_path->setText(path.value_or(u"Not selected"_s));
     m_path->setCursorPosition(0);
-    m_path->setToolTip(path.value_or(QString()).toHtmlEscaped());
+    m_path->setToolTip(path ? plainTooltip(*path) : QString());
     updateColours();
 }
 

@@ -4,6 +4,7 @@
 #include "app/screens/ReleaseRowDelegate.h"
 #include "app/screens/ReleaseTexts.h"
 #include "app/screens/Spinner.h"
+#include "app/screens/Tooltip.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -42,9 +43,9 @@ public:
         case ReleaseRowDelegate::detailRole:
             return releaseRowDetail(release, m_chapterCount);
         case Qt::ToolTipRole:
-            return QString(release.displayName() + u'\n' + releaseRowDetail(release, m_chapterCount));
+            return plainTooltip(lines(release).join(u'\n'));
         case Qt::AccessibleTextRole:
-            return QString(release.displayName() + u", "_s + releaseRowDetail(release, m_chapterCount));
+            return lines(release).join(u", "_s);
         case idRole:
             return release.id;
         default:
@@ -53,6 +54,13 @@ public:
     }
 
 private:
+    QStringList lines(const ReleaseInfo &release) const
+    {
+        QStringList both = {release.displayName(), releaseRowDetail(release, m_chapterCount)};
+        both.removeAll(QString());
+        return both;
+    }
+
     QList<ReleaseInfo> m_releases;
     qsizetype m_chapterCount = 0;
 };
@@ -76,6 +84,8 @@ void ReleaseList::setReleases(const QList<ReleaseInfo> &releases, qsizetype chap
     m_rows->set(releases, chapterCount);
     setHighlightedID(highlighted);
     showSpinner();
+    // A highlight that went with its release does so without a signal.
+    Q_EMIT highlightChanged();
 }
 
 void ReleaseList::setHighlightedID(const std::optional<QString> &id)
@@ -88,8 +98,9 @@ void ReleaseList::setHighlightedID(const std::optional<QString> &id)
 
 std::optional<QString> ReleaseList::highlightedID() const
 {
-    const QModelIndex index = currentIndex();
-    return index.isValid() ? std::optional(index.data(Rows::idRole).toString()) : std::nullopt;
+    // Not the current row, which stays when its highlight is taken away.
+    const QModelIndexList selected = selectedIndexes();
+    return selected.isEmpty() ? std::nullopt : std::optional(selected.first().data(Rows::idRole).toString());
 }
 
 void ReleaseList::setLoadingID(const std::optional<QString> &id)
@@ -108,10 +119,24 @@ void ReleaseList::showSpinner()
     auto *place = new QWidget;
     place->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto *row = new QHBoxLayout(place);
-    row->setContentsMargins(0, 0, ReleaseRowDelegate::padding, 0);
+    row->setContentsMargins(ReleaseRowDelegate::padding, 0, ReleaseRowDelegate::padding, 0);
     row->addStretch(1);
     row->addWidget(new Spinner(place));
     setIndexWidget(index, place);
+    colourSpinner();
+}
+
+// It stands on the row's ground.
+void ReleaseList::colourSpinner()
+{
+    const QModelIndex index = indexOf(m_loadingID);
+    QWidget *place = index.isValid() ? indexWidget(index) : nullptr;
+    if (!place)
+        return;
+    QPalette colours;
+    if (selectionModel()->isSelected(index))
+        colours.setColor(QPalette::WindowText, palette().color(QPalette::HighlightedText));
+    place->setPalette(colours);
 }
 
 void ReleaseList::keyPressEvent(QKeyEvent *event)
@@ -123,9 +148,10 @@ void ReleaseList::keyPressEvent(QKeyEvent *event)
         QListView::keyPressEvent(event);
 }
 
-void ReleaseList::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+void ReleaseList::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
 {
-    QListView::currentChanged(current, previous);
+    QListView::selectionChanged(selected, deselected);
+    colourSpinner();
     Q_EMIT highlightChanged();
 }
 

@@ -34,11 +34,12 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
-    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
 
 private:
     QModelIndex indexOf(const std::optional<QString> &id) const;
     void showSpinner();
+    void colourSpinner();
 
     class Rows;
     Rows *m_rows;

@@ -4,6 +4,7 @@
 #include "app/screens/Bind.h"
 #include "app/screens/ButtonSpinner.h"
 #include "app/screens/Divider.h"
+#include "app/screens/ElidedLabel.h"
 #include "app/screens/IconView.h"
 #include "app/screens/NoticeList.h"
 #include "app/screens/ProminentButton.h"
@@ -32,6 +33,7 @@ constexpr QSize sheetSize(620, 460);
 constexpr int padding = 16;
 constexpr int gap = 12;
 constexpr int gapInHeader = 4;
+constexpr int gapInRow = 8;
 constexpr int leastListHeight = 260;
 
 } // namespace
@@ -52,22 +54,15 @@ ReleaseResultsSheet::ReleaseResultsSheet(AppModel &model, QWidget *window)
     column->addWidget(new Divider);
     addList(column);
     column->addWidget(new Divider);
-    auto *notices = new NoticeList(TextStyle::small, this);
-    column->addWidget(notices);
-    addButtons(column);
-    bind(
-        notices, [&model] { return model.searchNotices.value(); },
-        [this](NoticeList *list, const QList<MetadataSearchOutcome::Notice> &shown) {
-            list->setNotices(shown);
-            fitHeight();
-        });
-    m_list->setFocus();
+    addNoticesAndButtons(column);
     connect(this, &QDialog::finished, this, [&model] { model.isShowingSearchResults = false; });
 }
 
 // As high as it is meant to be, and higher only for notices that would squeeze the list.
 void ReleaseResultsSheet::fitHeight()
 {
+    // Or it would count with what was there before.
+    layout()->activate();
     setFixedHeight(std::max(sheetSize.height(), layout()->totalHeightForWidth(sheetSize.width())));
 }
 
@@ -94,9 +89,7 @@ void ReleaseResultsSheet::addStatus(QBoxLayout *column)
 {
     auto *glass = new IconView(IconName::search, Tone::secondary, this);
     auto *spinner = new Spinner(this);
-    auto *text = new QLabel(this);
-    text->setTextFormat(Qt::PlainText);
-    text->setWordWrap(true);
+    auto *text = new ElidedLabel(Qt::ElideRight, this);
     applyTextStyle(text, TextStyle::smallSecondary);
     bind(
         glass, [this] { return !m_model.isLoadingReleases.value(); }, &QWidget::setVisible);
@@ -105,6 +98,7 @@ void ReleaseResultsSheet::addStatus(QBoxLayout *column)
     bind(
         text, [this] { return releaseSheetStatus(m_model); }, &QLabel::setText);
     auto *row = new QHBoxLayout;
+    row->setSpacing(gapInRow);
     row->addWidget(glass);
     row->addWidget(spinner);
     row->addWidget(text, 1);
@@ -119,8 +113,13 @@ void ReleaseResultsSheet::addList(QBoxLayout *column)
     places->addWidget(makePlaceholder());
     column->addWidget(places, 1);
     bind(
-        places, [this] { return m_model.searchResults.value().isEmpty() ? 1 : 0; },
-        &QStackedWidget::setCurrentIndex);
+        places, [this] { return m_model.searchResults.value().isEmpty(); },
+        [this](QStackedWidget *shown, bool isEmpty) {
+            shown->setCurrentIndex(isEmpty ? 1 : 0);
+            // The arrow keys are at hand, whether the results were there first or the sheet.
+            if (!isEmpty)
+                m_list->setFocus();
+        });
     bind(
         m_list, [this] { return std::pair(m_model.searchResults.value(), m_model.chapters.value().size()); },
         [this](const std::pair<QList<ReleaseInfo>, qsizetype> &shown) {
@@ -143,7 +142,11 @@ QWidget *ReleaseResultsSheet::makePlaceholder()
     bind(
         spinner, [this] { return m_model.isLoadingReleases.value(); }, &QWidget::setVisible);
     bind(
-        text, [this] { return releaseListPlaceholder(m_model); }, &QLabel::setText);
+        text, [this] { return releaseListPlaceholder(m_model); },
+        [](QLabel *label, const QString &words) {
+            label->setText(words);
+            label->setVisible(!words.isEmpty());
+        });
     auto *column = new QVBoxLayout(placeholder);
     column->addStretch(1);
     column->addWidget(spinner, 0, Qt::AlignHCenter);
@@ -152,15 +155,35 @@ QWidget *ReleaseResultsSheet::makePlaceholder()
     return placeholder;
 }
 
-void ReleaseResultsSheet::addButtons(QBoxLayout *column)
+void ReleaseResultsSheet::addNoticesAndButtons(QBoxLayout *column)
+{
+    auto *notices = new NoticeList(TextStyle::small, this);
+    auto *row = new QHBoxLayout;
+    row->addWidget(notices, 1);
+    row->addStretch();
+    row->addWidget(makeCancelButton());
+    row->addWidget(makeUseButton());
+    column->addLayout(row);
+    bind(
+        notices, [this] { return m_model.searchNotices.value(); },
+        [this](NoticeList *list, const QList<MetadataSearchOutcome::Notice> &shown) {
+            list->setNotices(shown);
+            fitHeight();
+        });
+}
+
+QPushButton *ReleaseResultsSheet::makeCancelButton()
 {
     auto *cancel = new QPushButton(this);
-    cancel->setAutoDefault(false);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     bind(
         cancel, [this] { return m_model.searchResults.value().isEmpty() ? u"Close"_s : u"Cancel"_s; },
         &QAbstractButton::setText);
+    return cancel;
+}
 
+QPushButton *ReleaseResultsSheet::makeUseButton()
+{
     auto *use = new ProminentButton(u"Loading Tracklist…"_s, this);
     auto *spinner = new ButtonSpinner(use);
     use->setMinimumWidth(use->sizeHint().width() + 2 * Spinner::standardSide);
@@ -177,12 +200,7 @@ void ReleaseResultsSheet::addButtons(QBoxLayout *column)
         [this] { return std::pair(m_model.loadingReleaseID.value(), m_model.searchResults.value().size()); },
         [update](const std::pair<std::optional<QString>, qsizetype> &) { update(); });
     connect(m_list, &ReleaseList::highlightChanged, use, update);
-
-    auto *row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(cancel);
-    row->addWidget(use);
-    column->addLayout(row);
+    return use;
 }
 
 void ReleaseResultsSheet::highlightIfNone()

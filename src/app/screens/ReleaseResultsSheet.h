@@ -4,6 +4,7 @@
 #include <QDialog>
 
 class QBoxLayout;
+class QPushButton;
 
 namespace tonearm {
 
@@ -25,7 +26,9 @@ private:
     void addStatus(QBoxLayout *column);
     void addList(QBoxLayout *column);
     QWidget *makePlaceholder();
-    void addButtons(QBoxLayout *column);
+    void addNoticesAndButtons(QBoxLayout *column);
+    QPushButton *makeCancelButton();
+    QPushButton *makeUseButton();
     void highlightIfNone();
     void choose();
 

@@ -2,7 +2,9 @@
 #include "app/screens/ReleaseRowDelegate.h"
 
 #include "app/screens/Colours.h"
+#include "app/screens/Contrast.h"
 #include "app/screens/Spinner.h"
+#include "app/screens/TextStyle.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -16,16 +18,17 @@ constexpr int verticalPadding = 4;
 
 QFont detailFont(const QFont &font)
 {
-    QFont smaller = font;
-    smaller.setPointSizeF(font.pointSizeF() * 0.87);
-    return smaller;
+    return fontOf(TextStyle::smallSecondary, font);
 }
 
-void paintLine(QPainter *painter, const QRect &place, const QFont &font, const QString &text)
+// Starts where the row starts, whichever way its text runs.
+void paintLine(QPainter *painter, const QRect &place, const QFont &font, Qt::LayoutDirection direction,
+               const QString &text)
 {
     painter->setFont(font);
+    const Qt::Alignment start = QStyle::visualAlignment(direction, Qt::AlignLeft) | Qt::AlignAbsolute;
     const QString shown = painter->fontMetrics().elidedText(text, Qt::ElideRight, place.width());
-    painter->drawText(place, int(Qt::AlignLeft) | Qt::AlignTop | Qt::TextSingleLine, shown);
+    painter->drawText(place, int(start) | Qt::AlignTop | Qt::TextSingleLine, shown);
 }
 
 } // namespace
@@ -36,23 +39,28 @@ void ReleaseRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     QStyleOptionViewItem row = option;
     initStyleOption(&row, index);
     const QString name = row.text;
+    const QString detail = index.data(detailRole).toString();
     row.text.clear();
+    row.palette.setColor(QPalette::Highlight, legibleGround(row.palette.color(QPalette::Highlight),
+                                                            row.palette.color(QPalette::HighlightedText)));
     const QStyle *style = row.widget ? row.widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
 
     const bool isSelected = row.state & QStyle::State_Selected;
     const int roomForSpinner = Spinner::standardSide + padding;
-    const QRect area =
-        row.rect.adjusted(padding, verticalPadding, -padding - roomForSpinner, -verticalPadding);
+    const QRect area = QStyle::visualRect(
+        row.direction, row.rect,
+        row.rect.adjusted(padding, verticalPadding, -padding - roomForSpinner, -verticalPadding));
     const int height = QFontMetrics(row.font).height();
     painter->save();
     painter->setPen(isSelected ? row.palette.color(QPalette::HighlightedText)
                                : toneColour(Tone::text, row.palette));
-    paintLine(painter, area, row.font, name);
+    // A name without details stands in the middle.
+    const int top = detail.isEmpty() ? (area.height() - height) / 2 : 0;
+    paintLine(painter, area.adjusted(0, top, 0, 0), row.font, row.direction, name);
     if (!isSelected)
         painter->setPen(toneColour(Tone::secondary, row.palette));
-    paintLine(painter, area.adjusted(0, height + lineGap, 0, 0), detailFont(row.font),
-              index.data(detailRole).toString());
+    paintLine(painter, area.adjusted(0, height + lineGap, 0, 0), detailFont(row.font), row.direction, detail);
     painter->restore();
 }
 

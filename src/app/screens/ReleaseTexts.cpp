@@ -19,6 +19,12 @@ bool hasOneTrackPerChapter(const ReleaseInfo &release, qsizetype chapterCount)
     return chapterCount > 0 && tracks == chapterCount;
 }
 
+// As against a search by artist and album.
+bool isLookingUpDisc(const AppModel &model)
+{
+    return model.isDiscSource() && !model.searchTask.value();
+}
+
 // The artist and the album as they are typed.
 QString queryOf(const AppModel &model)
 {
@@ -52,7 +58,7 @@ QString releaseSheetAdvice(qsizetype chapterCount)
 QString releaseSheetStatus(const AppModel &model)
 {
     if (model.isLoadingReleases.value())
-        return u"Searching…"_s;
+        return isLookingUpDisc(model) ? u"Matching this disc against MusicBrainz…"_s : u"Searching…"_s;
     const qsizetype count = model.searchResults.value().size();
     const QString matches = count == 1 ? u"1 match"_s : u"%1 matches"_s.arg(count);
     const QString query = queryOf(model);
@@ -61,8 +67,13 @@ QString releaseSheetStatus(const AppModel &model)
 
 QString releaseListPlaceholder(const AppModel &model)
 {
-    if (model.isLoadingReleases.value() || !model.searchResults.value().isEmpty())
+    if (!model.searchResults.value().isEmpty())
         return {};
+    const bool isDisc = isLookingUpDisc(model);
+    if (model.isLoadingReleases.value())
+        return isDisc ? u"Looking up this disc in MusicBrainz…"_s : QString();
+    if (isDisc)
+        return u"This disc isn't in MusicBrainz. Close this and search by artist and album, or type the titles in yourself."_s;
     return u"No releases matched. Try a different artist or album."_s;
 }
 

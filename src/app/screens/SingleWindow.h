@@ -27,6 +27,7 @@ public:
             // Of the whole program, the main window alone decides when it ends.
             m_window->setAttribute(Qt::WA_QuitOnClose, false);
         }
+        m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
         m_window->show();
         m_window->raise();
         m_window->activateWindow();

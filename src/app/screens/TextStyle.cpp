@@ -111,6 +111,11 @@ private:
 
 } // namespace
 
+QFont fontOf(TextStyle style, const QFont &around)
+{
+    return styledFont(style, around).resolve(around);
+}
+
 void applyTextStyle(QLabel *label, TextStyle style)
 {
     new StyleKeeper(label, style);

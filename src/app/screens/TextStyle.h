@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QFont>
+
 class QLabel;
 
 namespace tonearm {
@@ -18,6 +20,9 @@ enum class TextStyle {
     /// Explains, a size smaller.
     smallSecondary,
 };
+
+/// The font of a style beside text in another, for what isn't a label.
+QFont fontOf(TextStyle style, const QFont &around);
 
 /// Shows a label in a style, and keeps it so when the font or the palette around it changes. To be
 /// called once for a label.

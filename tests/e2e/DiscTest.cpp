@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// An audio CD in the window: offered, loaded, previewed, judged, given back.
+#include "e2e/ShownWindow.h"
+
+#include "app/screens/DiscBanner.h"
+#include "helpers/Await.h"
+#include "helpers/Printing.h"
+#include "helpers/Rendering.h"
+
+#include <QLabel>
+#include <QToolButton>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+using namespace test;
+
+namespace {
+
+DiscInfo disc(const QString &name)
+{
+    DiscInfo result;
+    result.volumeURL = QUrl::fromLocalFile(u"/media/"_s + name);
+    result.volumeName = name;
+    for (const QString &title : {u"One"_s, u"Two"_s}) {
+        DiscTrack track;
+        track.number = result.tracks.size() + 1;
+        track.frameCount = 75 * 60;
+        track.title = title;
+        result.tracks.append(track);
+    }
+    return result;
+}
+
+struct DiscTest : WindowTest
+{
+    void put(const QList<DiscInfo> &discs)
+    {
+        surroundings.discScan().discs = discs;
+        model.refreshDiscs();
+        ASSERT_TRUE(eventually([&] { return model.detectedDiscs.value() == discs; }));
+    }
+
+    void load()
+    {
+        model.loadDisc(disc(u"The Disc"_s));
+        ASSERT_TRUE(eventually([this] { return !model.isLoadingReleases.value(); }));
+        model.isShowingSearchResults = false;
+        ShownWindow::settle();
+    }
+};
+
+} // namespace
+
+TEST_F(DiscTest, IsOfferedInARowOfItsOwn)
+{
+    put({disc(u"A"_s), disc(u"B"_s), disc(u"C"_s)});
+    for (const QString &name : {u"A"_s, u"B"_s, u"C"_s})
+        EXPECT_TRUE(window.shows<QLabel>(u"Audio CD detected — "_s + name));
+    EXPECT_EQ(allNamed<QLabel>(window.window(), u"2 tracks · 2:00"_s).size(), 3);
+    EXPECT_EQ(allNamed<QPushButton>(window.window(), u"Load Disc"_s).size(), 3);
+    EXPECT_EQ(allNamed<QPushButton>(window.window(), u"Eject"_s).size(), 3);
+    EXPECT_NE(renderToPng(window.window(), u"window-discs"_s), QString());
+}
+
+TEST_F(DiscTest, IsLoadedByItsButton)
+{
+    put({disc(u"The Disc"_s)});
+    click(window.button(u"Load Disc"_s));
+    EXPECT_TRUE(eventually([this] { return model.isDiscSource(); }));
+    EXPECT_FALSE(window.window().findChild<DiscBanner *>()->isShown());
+}
+
+TEST_F(DiscTest, IsEjectedByItsButton)
+{
+    put({disc(u"The Disc"_s)});
+    click(window.button(u"Eject"_s));
+    EXPECT_TRUE(eventually([this] { return surroundings.ejector().ejected.size() == 1; }));
+}
+
+TEST_F(DiscTest, HasItsOwnWords)
+{
+    surroundings.settings().setEjectDiscAfterRipping(false);
+    load();
+    EXPECT_TRUE(window.shows<QLabel>(u"Tracks & Song Titles — 2 tracks"_s));
+    EXPECT_TRUE(window.shows<QLabel>(u"Track"_s));
+    EXPECT_TRUE(window.shows<QLabel>(u"Audio CD:"_s));
+    EXPECT_FALSE(window.shows<QLabel>(u"Input File:"_s));
+    EXPECT_EQ(window.button(u"Use Disc Titles"_s).toolTip(),
+              u"Replace the song titles with the disc's own CD-Text titles"_s);
+    EXPECT_TRUE(window.shows<QPushButton>(u"Clear"_s));
+    surroundings.settings().setEjectDiscAfterRipping(true);
+    EXPECT_EQ(window.button(u"Eject"_s).toolTip(), u"Eject the disc and clear the inputs"_s);
+}
+
+TEST_F(DiscTest, KeepsTheHintAboutAFileWhileSomethingIsMissing)
+{
+    surroundings.findTools();
+    load();
+    model.outputFolderURL = std::nullopt;
+    EXPECT_TRUE(window.shows<QLabel>(u"Choose an .mkv file to begin."_s));
+}
+
+TEST_F(DiscTest, ShowsHowFarEachTrackCanBeTrusted)
+{
+    load();
+    model.trackVerifications =
+        QMap<qint64, RipVerification>{{0, RipVerification::verified}, {1, RipVerification::mismatched}};
+    ShownWindow::settle();
+    EXPECT_EQ(window.find(u"Verified by re-read"_s).toolTip(),
+              u"Read twice from the disc with identical results."_s);
+    EXPECT_EQ(
+        window.find(u"Reads disagreed"_s).toolTip(),
+        u"The two reads of this track disagreed, so the disc may be damaged. The first read was encoded; "
+        u"check this track by ear."_s);
+    EXPECT_NE(renderToPng(window.window(), u"window-verified"_s), QString());
+
+    EncodingCompletion completion;
+    completion.fileCount = 2;
+    model.completion = completion;
+    EXPECT_TRUE(window.shows<QLabel>(u"Track 2 read differently the second time — worth checking by ear."_s));
+    model.trackVerifications =
+        QMap<qint64, RipVerification>{{0, RipVerification::verified}, {1, RipVerification::verified}};
+    EXPECT_TRUE(window.shows<QLabel>(u"2 tracks verified by re-reading the disc."_s));
+    model.trackVerifications = QMap<qint64, RipVerification>{{0, RipVerification::secure}};
+    EXPECT_TRUE(window.shows<QLabel>(u"1 track read with error correction."_s));
+}
+
+TEST_F(DiscTest, PreviewsATrackByItsButton)
+{
+    surroundings.findTools();
+    load();
+    auto &button = window.find<QToolButton>(u"Preview chapter 1"_s);
+    EXPECT_EQ(button.toolTip(), u"Play the first 20 seconds of this chapter"_s);
+    EXPECT_TRUE(button.isEnabled());
+    model.previewingChapterID = 0;
+    EXPECT_EQ(window.find<QToolButton>(u"Stop preview of chapter 1"_s).toolTip(), u"Stop"_s);
+    click(window.find<QToolButton>(u"Stop preview of chapter 1"_s));
+    EXPECT_FALSE(model.previewingChapterID.value());
+}
+
+} // namespace tonearm
