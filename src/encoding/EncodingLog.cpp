@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/EncodingLog.h"
 
-#include "support/AtomicFile.h"
 #include "encoding/EncodingLogText.h"
 #include "encoding/FileNaming.h"
+#include "support/AtomicFile.h"
 #include "support/FileName.h"
 #include "support/Text.h"
 

@@ -103,9 +103,8 @@ TEST_F(ReleaseSelection, ResetsTheChaptersBeyondTheLastTrack)
     select();
     EXPECT_EQ(titles(), numbered(u"Track "_s, 10) + QStringList({u"Chapter 11"_s, u"Chapter 12"_s}));
     EXPECT_EQ(m_model.progressMessage.value(), u"Mapped 10 titles onto the chapters."_s);
-    EXPECT_EQ(m_model.tracklistMismatchNote(),
-              u"This release has 10 tracks but the file has 12 chapters. "
-              u"The last 2 kept their original chapter titles."_s);
+    EXPECT_EQ(m_model.tracklistMismatchNote(), u"This release has 10 tracks but the file has 12 chapters. "
+                                               u"The last 2 kept their original chapter titles."_s);
 }
 
 TEST_F(ReleaseSelection, IgnoresTheTracksBeyondTheLastChapter)
@@ -191,8 +190,7 @@ TEST_F(ReleaseSelection, TellsOfAFailureAndStaysOpen)
     loadChapters(1);
     m_model.isShowingSearchResults = true;
     select();
-    EXPECT_EQ(m_model.currentState.value(),
-              WorkflowState::error(u"MusicBrainz has no release with ID a."_s));
+    EXPECT_EQ(m_model.currentState.value(), WorkflowState::error(u"MusicBrainz has no release with ID a."_s));
     ASSERT_TRUE(m_model.alert.value());
     EXPECT_EQ(m_model.alert.value()->title, u"Couldn't Load Tracklist"_s);
     EXPECT_EQ(m_model.alert.value()->message,
