@@ -22,6 +22,7 @@ DiscInfo disc(const QString &name)
     DiscInfo result;
     result.volumeURL = QUrl::fromLocalFile(u"/media/"_s + name);
     result.volumeName = name;
+    result.discID = u"an-id"_s;
     for (const QString &title : {u"One"_s, u"Two"_s}) {
         DiscTrack track;
         track.number = result.tracks.size() + 1;
@@ -60,6 +61,9 @@ TEST_F(DiscTest, IsOfferedInARowOfItsOwn)
     EXPECT_EQ(allNamed<QLabel>(window.window(), u"2 tracks · 2:00"_s).size(), 3);
     EXPECT_EQ(allNamed<QPushButton>(window.window(), u"Load Disc"_s).size(), 3);
     EXPECT_EQ(allNamed<QPushButton>(window.window(), u"Eject"_s).size(), 3);
+    // The banner has come down to its place.
+    const QWidget &last = window.find<QLabel>(u"Audio CD detected — C"_s);
+    EXPECT_TRUE(eventually([&] { return last.visibleRegion().boundingRect() == last.rect(); }));
     EXPECT_NE(renderToPng(window.window(), u"window-discs"_s), QString());
 }
 
