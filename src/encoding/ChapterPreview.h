@@ -9,6 +9,9 @@
 
 namespace tonearm {
 
+/// How much of a chapter a preview plays.
+inline constexpr int chapterPreviewSeconds = 20;
+
 /// The start of a chapter, ready to be played.
 struct ChapterPreview
 {

@@ -244,7 +244,7 @@ public:
     // --- Preview --------------------------------------------------------------------------------
 
     /// How much of a chapter is played.
-    static constexpr double previewSeconds = 20;
+    static constexpr double previewSeconds = chapterPreviewSeconds;
 
     /// Plays the start of a chapter, or stops it if it plays.
     void togglePreview(const ChapterInfo &chapter);
@@ -313,7 +313,7 @@ private:
     void takeOver(const ReleaseInfo &release);
 
     std::optional<qint64> artworkBudget() const;
-    QCoro::Task<> prepareUserFile(QUrl url, std::stop_token stop);
+    QCoro::Task<> prepareUserFile(QUrl url, int choice, std::stop_token stop);
     QCoro::Task<DownloadedCoverArt> fetchCover(ReleaseInfo release, std::stop_token stop);
     QCoro::Task<> downloadArtwork(ReleaseInfo release, std::stop_token stop);
     void setCoverArt(const PreparedCoverArt &prepared, const std::optional<QImage> &image,
@@ -362,6 +362,8 @@ private:
     // Receives what other threads post to the model.
     QObject m_context;
     QProperty<bool> m_isClosing;
+    // Counts what the user has chosen or cleared, so that a file prepared for an earlier choice is told.
+    int m_coverArtChoice = 0;
     // A second press meanwhile changes nothing.
     bool m_isLookingForOverwrites = false;
     // Last, so that the tasks end while all else is still there.

@@ -62,9 +62,11 @@ void AppModel::setCoverArt(const PreparedCoverArt &prepared, const std::optional
                            const QString &origin)
 {
     const std::optional<PreparedCoverArt> old = coverArt.value();
+    // The picture goes first and comes last, so that nobody sees it with another's facts.
+    coverArtPreview = std::nullopt;
     coverArt = prepared;
-    coverArtPreview = image;
     coverArtOrigin = origin;
+    coverArtPreview = image;
     if (!old || old->url == prepared.url)
         return;
     m_services.artworkFolder->discard(old->url);
@@ -73,12 +75,13 @@ void AppModel::setCoverArt(const PreparedCoverArt &prepared, const std::optional
 
 void AppModel::clearCoverArt()
 {
+    ++m_coverArtChoice;
     if (const std::optional<PreparedCoverArt> old = coverArt.value()) {
         m_services.artworkFolder->discard(old->url);
         m_services.artworkFolder->discard(old->originalURL);
     }
-    coverArt = std::nullopt;
     coverArtPreview = std::nullopt;
+    coverArt = std::nullopt;
     coverArtOrigin = std::nullopt;
 }
 
@@ -104,15 +107,19 @@ bool AppModel::useCoverArtFile(const QUrl &url)
                 lastPathComponent(url)));
         return false;
     }
-    m_tasks.start([this, url](std::stop_token stop) { return prepareUserFile(url, stop); });
+    const int choice = ++m_coverArtChoice;
+    m_tasks.start([this, url, choice](std::stop_token stop) { return prepareUserFile(url, choice, stop); });
     return true;
 }
 
-QCoro::Task<> AppModel::prepareUserFile(QUrl url, std::stop_token stop)
+// Of two files the later counts, however long either takes, and what is cleared meanwhile stays so.
+QCoro::Task<> AppModel::prepareUserFile(QUrl url, int choice, std::stop_token stop)
 {
     const auto decoding = [url] { return screenPicture(url); };
     const std::optional<QImage> picture = co_await inBackground(decoding);
     throwIfCancelled(stop);
+    if (choice != m_coverArtChoice)
+        co_return;
     if (!picture) {
         alert = AlertContent(u"Couldn't Read Image"_s,
                              u"\"%1\" couldn't be opened as an image."_s.arg(lastPathComponent(url)));
@@ -123,7 +130,10 @@ QCoro::Task<> AppModel::prepareUserFile(QUrl url, std::stop_token stop)
             return CoverArtPreparation(folder).prepare(url, budget);
         };
         const PreparedCoverArt prepared = co_await inBackground(preparation);
-        setCoverArt(prepared, picture, u"Dropped file"_s);
+        if (choice == m_coverArtChoice)
+            setCoverArt(prepared, picture, u"Dropped file"_s);
+        else
+            m_services.artworkFolder->discard(prepared.url);
     } catch (...) {
         alert = AlertContent(u"Couldn't Use Image"_s, std::current_exception());
     }

@@ -43,10 +43,9 @@ bool AppModel::isDiscSource() const
 
 bool AppModel::usesSecureRipping() const
 {
-    const std::optional<CDParanoiaInstallation> paranoia = cdParanoiaInstallation.value();
     const std::optional<DiscInfo> disc = loadedDisc.value();
-    return m_settings.useSecureCDRipping() && paranoia &&
-           CDParanoiaInstallation::isAvailable(m_services.tools) && disc && disc->rawDevice;
+    return m_settings.useSecureCDRipping() && disc && disc->rawDevice &&
+           CDParanoiaInstallation::isAvailable(m_services.tools);
 }
 
 void AppModel::requestDisc(const DiscInfo &disc)

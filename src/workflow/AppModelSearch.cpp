@@ -101,13 +101,13 @@ QCoro::Task<> AppModel::lookUpDisc(DiscInfo disc, std::stop_token stop)
     const MetadataSearchOutcome outcome = co_await m_services.metadataSearch.lookUpDisc(disc.discID, stop);
     throwIfCancelled(stop);
     const std::optional<DiscInfo> loaded = loadedDisc.value();
+    if (loaded && loaded->volumeURL == disc.volumeURL) {
+        searchResults = outcome.releases;
+        searchNotices = outcome.notices;
+        currentState = WorkflowState::Kind::awaitingUserMapping;
+        progressMessage = matchedMessage(outcome.releases.size(), disc);
+    }
     isLoadingReleases = false;
-    if (!loaded || loaded->volumeURL != disc.volumeURL)
-        co_return;
-    searchResults = outcome.releases;
-    searchNotices = outcome.notices;
-    currentState = WorkflowState::Kind::awaitingUserMapping;
-    progressMessage = matchedMessage(outcome.releases.size(), disc);
 }
 
 void AppModel::selectRelease(const std::optional<QString> &id)
@@ -131,7 +131,7 @@ QCoro::Task<> AppModel::loadRelease(ReleaseInfo summary, std::stop_token stop)
         throwIfCancelled(stop);
         takeOver(release);
     } catch (const CancellationError &) {
-        throw;
+        // Nobody is told.
     } catch (...) {
         currentState = WorkflowState::error(describe(std::current_exception()).description);
         alert = AlertContent(u"Couldn't Load Tracklist"_s, std::current_exception());

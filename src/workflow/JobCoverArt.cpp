@@ -36,8 +36,10 @@ QUrl JobCoverArt::withUsableName(const QUrl &cover)
     if (!readsAsSeries(cover))
         return cover;
     QFile file(cover.toLocalFile());
-    if (!file.open(QFile::ReadOnly))
-        throw std::system_error(ENOENT, std::generic_category(), file.fileName().toStdString());
+    if (!file.open(QFile::ReadOnly)) {
+        const int reason = file.error() == QFile::PermissionsError ? EACCES : ENOENT;
+        throw std::system_error(reason, std::generic_category(), file.fileName().toStdString());
+    }
     m_copy = m_folder->save(file.readAll(), u"job."_s + lowerCaseExtension(cover));
     return *m_copy;
 }

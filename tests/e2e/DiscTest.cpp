@@ -3,6 +3,7 @@
 #include "e2e/ShownWindow.h"
 
 #include "app/screens/DiscBanner.h"
+#include "app/screens/ReleaseTexts.h"
 #include "helpers/Await.h"
 #include "helpers/Printing.h"
 #include "helpers/Rendering.h"
@@ -97,6 +98,17 @@ TEST_F(DiscTest, HasItsOwnWords)
     EXPECT_EQ(window.button(u"Eject"_s).toolTip(), u"Eject the disc and clear the inputs"_s);
 }
 
+TEST_F(DiscTest, HasItsOwnWordsInTheSheetToo)
+{
+    model.loadDisc(disc(u"The Disc"_s));
+    EXPECT_EQ(releaseSheetStatus(model), u"Matching this disc against MusicBrainz…"_s);
+    EXPECT_EQ(releaseListPlaceholder(model), u"Looking up this disc in MusicBrainz…"_s);
+    ASSERT_TRUE(eventually([this] { return !model.isLoadingReleases.value(); }));
+    EXPECT_EQ(releaseListPlaceholder(model),
+              u"This disc isn't in MusicBrainz. Close this and search by artist "
+              u"and album, or type the titles in yourself."_s);
+}
+
 TEST_F(DiscTest, KeepsTheHintAboutAFileWhileSomethingIsMissing)
 {
     surroundings.findTools();
@@ -126,6 +138,10 @@ TEST_F(DiscTest, ShowsHowFarEachTrackCanBeTrusted)
     model.trackVerifications =
         QMap<qint64, RipVerification>{{0, RipVerification::verified}, {1, RipVerification::verified}};
     EXPECT_TRUE(window.shows<QLabel>(u"2 tracks verified by re-reading the disc."_s));
+    model.trackVerifications =
+        QMap<qint64, RipVerification>{{0, RipVerification::mismatched}, {1, RipVerification::mismatched}};
+    EXPECT_TRUE(
+        window.shows<QLabel>(u"Tracks 1, 2 read differently the second time — worth checking by ear."_s));
     model.trackVerifications = QMap<qint64, RipVerification>{{0, RipVerification::secure}};
     EXPECT_TRUE(window.shows<QLabel>(u"1 track read with error correction."_s));
 }

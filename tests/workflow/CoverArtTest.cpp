@@ -320,4 +320,47 @@ TEST_F(CoverArt, GoesIntoEveryTrackAndIsNamedInTheLog)
     EXPECT_TRUE(m_fixture.temporaryArtwork().isEmpty());
 }
 
+TEST_F(CoverArt, IsTheLaterOfTwoFiles)
+{
+    const QUrl large = picture(u"large.png"_s, 900, "PNG");
+    const QUrl small = picture(u"small.png"_s, 20, "PNG");
+    m_fixture.settings().setArtworkSizeBudgetKilobytes(50);
+    EXPECT_TRUE(m_model.useCoverArtFile(large));
+    use(small);
+    m_fixture.settle();
+    EXPECT_EQ(m_model.coverArt.value()->originalURL, small);
+    EXPECT_TRUE(m_fixture.temporaryArtwork().isEmpty());
+}
+
+TEST_F(CoverArt, StaysClearedWhileAFileIsPrepared)
+{
+    EXPECT_TRUE(m_model.useCoverArtFile(picture(u"own.jpg"_s)));
+    m_model.clearCoverArt();
+    m_fixture.settle();
+    EXPECT_FALSE(m_model.coverArt.value());
+}
+
+TEST_F(CoverArt, IsNeverSeenWithAnothersFacts)
+{
+    use(picture(u"own.jpg"_s, 60));
+    const auto onArt =
+        m_model.coverArt.onValueChanged([this] { EXPECT_FALSE(m_model.coverArtPreview.value()); });
+    use(picture(u"other.jpg"_s, 30));
+    m_model.clearCoverArt();
+}
+
+TEST_F(CoverArt, IsDownloadedFromTheOtherServiceToo)
+{
+    const QUrl original = picture(u"original.png"_s, 60, "PNG");
+    m_pages.server().answer("/picture", LoopbackResponse::file("image/png", original.toLocalFile()));
+    ReleaseInfo release;
+    release.source = MetadataSource::discogs;
+    release.artworkURLs = {m_pages.origin() + u"/picture"_s};
+    m_model.selectedRelease = release;
+    EXPECT_EQ(m_model.fetchArtworkTitle(), u"Download from Discogs"_s);
+    fetch();
+    ASSERT_TRUE(m_model.coverArt.value());
+    EXPECT_TRUE(m_model.coverArt.value()->url.fileName().endsWith(u"-Discogs-cover.png"_s));
+}
+
 } // namespace tonearm

@@ -183,6 +183,18 @@ TEST_F(DiscJob, FailsWithTheOrdinaryReading)
     EXPECT_TRUE(QFile::exists(m_fixture.outputPath(u"01-Eins.flac"_s)));
 }
 
+TEST_F(DiscJob, HasNoSecondFallback)
+{
+    ASSERT_NO_FATAL_FAILURE(readSecurely());
+    QFile::remove(m_disc.tracks[0].audioFileURL.toLocalFile());
+    m_fixture.secureReader().onRip = [](const DiscTrack &track) -> RippedTrack {
+        throw DiscError::trackReadFailed(track.number, u"It hung."_s);
+    };
+    load();
+    m_fixture.runJob();
+    EXPECT_EQ(m_model.statusText(), DiscError::trackUnreadable(1).description());
+}
+
 TEST_F(DiscJob, FailsForAChapterWithoutATrack)
 {
     load();

@@ -230,4 +230,19 @@ TEST_F(Discs, DifferFromAReleaseInTheirOwnWords)
         u"This release has 9 tracks but the disc has 10 tracks. The last 1 kept their titles from the disc."_s);
 }
 
+TEST_F(Discs, AreReadSecurelyOnlyWithAllThatTakes)
+{
+    m_fixture.settings().setUseSecureCDRipping(true);
+    DiscInfo readable = disc(u"A"_s);
+    readable.rawDevice = QUrl::fromLocalFile(u"/dev/sr0"_s);
+    EXPECT_FALSE(m_model.usesSecureRipping());
+    m_model.loadedDisc = readable;
+    EXPECT_TRUE(m_model.usesSecureRipping());
+    m_fixture.settings().setUseSecureCDRipping(false);
+    EXPECT_FALSE(m_model.usesSecureRipping());
+    m_fixture.settings().setUseSecureCDRipping(true);
+    m_model.loadedDisc = disc(u"A"_s);
+    EXPECT_FALSE(m_model.usesSecureRipping());
+}
+
 } // namespace tonearm

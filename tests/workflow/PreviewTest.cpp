@@ -60,6 +60,16 @@ TEST_F(Preview, GivesWayToAnother)
     EXPECT_EQ(m_fixture.sounds().openCount(), 1);
 }
 
+TEST_F(Preview, StartsAgainWhileItIsPrepared)
+{
+    m_model.togglePreview(chapter(0));
+    m_model.togglePreview(chapter(0));
+    EXPECT_EQ(m_model.preparingPreviewChapterID.value(), chapter(0).id);
+    ASSERT_TRUE(eventually([this] { return m_model.previewingChapterID.value().has_value(); }));
+    EXPECT_EQ(m_model.previewingChapterID.value(), chapter(0).id);
+    EXPECT_FALSE(m_model.alert.value());
+}
+
 TEST_F(Preview, StopsWhenAJobBegins)
 {
     play(0);

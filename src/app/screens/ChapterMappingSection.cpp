@@ -24,7 +24,7 @@ ChapterPreviewState previewOf(const ChapterInfo &chapter, const AppModel &model)
         return ChapterPreviewState::playing;
     if (model.preparingPreviewChapterID.value() == chapter.id)
         return ChapterPreviewState::preparing;
-    return model.canPreview() ? ChapterPreviewState::available : ChapterPreviewState::unavailable;
+    return ChapterPreviewState::silent;
 }
 
 QList<ChapterTableRow> rowsOf(const AppModel &model)
@@ -40,6 +40,7 @@ QList<ChapterTableRow> rowsOf(const AppModel &model)
                      .length = chapter.durationText(),
                      .songTitle = chapter.mappedTitle,
                      .preview = previewOf(chapter, model),
+                     .canPreview = model.canPreview(),
                      .verification = verification == verifications.constEnd()
                                          ? std::nullopt
                                          : std::optional(*verification)});

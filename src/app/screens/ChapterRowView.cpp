@@ -7,6 +7,7 @@
 #include "app/screens/Icons.h"
 #include "app/screens/PreviewButton.h"
 #include "app/screens/VerificationBadge.h"
+#include "encoding/ChapterPreview.h"
 
 #include <QFontMetrics>
 #include <QLineEdit>
@@ -24,8 +25,6 @@ constexpr int barHeight = 24;
 constexpr double barRadius = 5;
 constexpr double barOpacity = 0.08;
 constexpr double signOpacity = 0.4;
-// How much of a chapter its preview plays.
-constexpr int previewSeconds = 20;
 
 // A square in the middle of a column's place.
 QRect square(const QRect &place)
@@ -101,7 +100,8 @@ void ChapterRowView::updateRow(const ChapterTableRow &row)
 
 void ChapterRowView::showState(const ChapterTableRow &row)
 {
-    m_preview->setState(row.preview, m_index + 1, previewSeconds);
+    m_preview->setState(row.preview, m_index + 1, chapterPreviewSeconds);
+    m_preview->setEnabled(row.canPreview);
     m_badge->setVerification(row.verification);
 }
 

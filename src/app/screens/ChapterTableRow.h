@@ -9,8 +9,8 @@
 
 namespace tonearm {
 
-/// What can be done with the preview of a chapter, or is being done.
-enum class ChapterPreviewState { unavailable, available, preparing, playing };
+/// What is being done with the preview of a chapter.
+enum class ChapterPreviewState { silent, preparing, playing };
 
 /// What one row of the chapter table shows.
 struct ChapterTableRow
@@ -19,7 +19,8 @@ struct ChapterTableRow
     QString sourceTitle = {};
     QString length = {};
     QString songTitle = {};
-    ChapterPreviewState preview = ChapterPreviewState::unavailable;
+    ChapterPreviewState preview = ChapterPreviewState::silent;
+    bool canPreview = false;
     std::optional<RipVerification> verification = {};
 
     bool operator==(const ChapterTableRow &) const = default;

@@ -33,6 +33,8 @@ void DiscBanner::showDiscs(const QList<DiscInfo> &discs)
         for (const DiscInfo &disc : discs)
             content()->addWidget(new DiscOffer(m_model, disc));
     }
+    // What leaves takes no more keys.
+    setEnabled(!discs.isEmpty());
     setShown(!discs.isEmpty());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/EncodingTexts.h"
 
+#include "support/PathText.h"
 #include "workflow/AppModel.h"
 
 namespace tonearm {
@@ -31,7 +32,7 @@ QString encodingSummary(const AppModel &model)
     const std::optional<QUrl> folder = model.lastOutputFolder.value();
     if (!folder)
         return completion->summary();
-    return completion->summary() + u" to "_s + folder->adjusted(QUrl::StripTrailingSlash).fileName();
+    return completion->summary() + u" to "_s + lastPathComponent(*folder);
 }
 
 VerificationSummary verificationSummary(const AppModel &model)

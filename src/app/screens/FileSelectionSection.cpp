@@ -7,6 +7,7 @@
 #include "app/screens/SourceAudioRow.h"
 #include "app/screens/Spinner.h"
 #include "app/screens/TextStyle.h"
+#include "support/PathText.h"
 #include "workflow/AppModel.h"
 
 #include <QFileInfo>
@@ -89,7 +90,7 @@ QWidget *FileSelectionSection::makeOutputFolderWell()
     well->setIcon(IconName::folder);
     const auto label = [this] {
         const std::optional<QUrl> folder = m_model.outputFolderURL.value();
-        return folder ? folder->adjusted(QUrl::StripTrailingSlash).fileName() : u"No output folder"_s;
+        return folder ? lastPathComponent(*folder) : u"No output folder"_s;
     };
     bind(well, label, &DropWell::setLabel);
     auto *button = new QPushButton(u"Select Output Folder…"_s);

@@ -29,7 +29,6 @@ void PreviewButton::setState(ChapterPreviewState state, int number, int seconds)
 {
     const bool isPlaying = state == ChapterPreviewState::playing;
     const bool isPreparing = state == ChapterPreviewState::preparing;
-    setEnabled(state != ChapterPreviewState::unavailable);
     setIcon(isPreparing ? QIcon()
                         : tonearm::icon(isPlaying ? IconName::stop : IconName::play,
                                         isPlaying ? Tone::information : Tone::text));
