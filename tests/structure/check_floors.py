@@ -31,7 +31,7 @@ FLOORS = {
 WITHOUT_WIDGETS = range(1, 6)
 # Floors 1 to 5 use pictures only where one is decoded or kept.
 WITHOUT_GUI = range(1, 6)
-WITH_PICTURES = ("artwork", "metadata", "workflow")
+WITH_PICTURES = ("artwork", "metadata", "tageditor", "workflow")
 
 INCLUDE = re.compile(r'^\s*#include "([^"]+)"', re.MULTILINE)
 NEEDED = re.compile(r"\(NEEDED\).*\[(.+?)\]")

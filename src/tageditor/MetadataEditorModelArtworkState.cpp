@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the artwork column shows.
+#include "artwork/ByteCountText.h"
+#include "tageditor/MetadataEditorModel.h"
+#include "tageditor/PendingEdits.h"
+
+#include <algorithm>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Kind = ArtworkIntent::Kind;
+
+QString caption(qint64 width, qint64 height, qint64 byteCount)
+{
+    return u"%1 × %2 · %3"_s.arg(QString::number(width), QString::number(height), byteCountText(byteCount));
+}
+
+} // namespace
+
+QList<ArtworkIntent> MetadataEditorModel::selectedIntents() const
+{
+    const TagChangeSet pending = changes.value();
+    QList<ArtworkIntent> intents;
+    for (const EditableAudioFile &row : selectedFiles())
+        intents.append(artworkIntent(row, pending));
+    return intents;
+}
+
+bool MetadataEditorModel::isArtworkPendingForSelection() const
+{
+    const QList<ArtworkIntent> intents = selectedIntents();
+    return std::any_of(intents.begin(), intents.end(),
+                       [](const ArtworkIntent &intent) { return intent.kind != Kind::untouched; });
+}
+
+EditorArtworkState MetadataEditorModel::artworkState() const
+{
+    const QList<EditableAudioFile> rows = selectedFiles();
+    if (rows.isEmpty())
+        return EditorArtworkState::note(u"No selection"_s);
+    const QList<ArtworkIntent> intents = selectedIntents();
+    if (intents.count(intents.first()) != intents.size())
+        return EditorArtworkState::warning(u"Pending artwork differs"_s);
+    switch (intents.first().kind) {
+    case Kind::remove:
+        return EditorArtworkState::note(u"Artwork will be removed"_s);
+    case Kind::replace: {
+        const std::optional<QImage> preview = chosenArtworkPreview.value();
+        return preview ? EditorArtworkState::image(*preview) : EditorArtworkState::loading();
+    }
+    case Kind::untouched:
+        return embeddedArtworkState(rows);
+    }
+    Q_UNREACHABLE();
+}
+
+EditorArtworkState MetadataEditorModel::embeddedArtworkState(const QList<EditableAudioFile> &rows) const
+{
+    const auto withArt = std::count_if(
+        rows.begin(), rows.end(), [](const EditableAudioFile &row) { return row.tags.hasAttachedPicture; });
+    if (withArt == 0)
+        return EditorArtworkState::note(u"No artwork"_s);
+    if (withArt < rows.size())
+        return EditorArtworkState::warning(u"Some files have no artwork"_s);
+    const QSet<QString> digests = selectedDigests();
+    const bool isAllKnown = !digests.contains(QString());
+    if (isAllKnown && digests.size() > 1)
+        return EditorArtworkState::warning(u"Selected files have different artwork"_s);
+    const QHash<QUrl, QImage> previews = artworkPreviews.value();
+    const auto preview = previews.constFind(rows.first().url);
+    if (isAllKnown && preview != previews.constEnd())
+        return EditorArtworkState::image(*preview);
+    // Also while the selection has yet to stand long enough: what hasn't been tried hasn't failed.
+    if (isReadingArtwork.value() || m_isAwaitingArtwork.value())
+        return EditorArtworkState::loading();
+    return EditorArtworkState::warning(u"Artwork couldn't be read"_s);
+}
+
+// Of a row whose picture isn't known it is empty.
+QSet<QString> MetadataEditorModel::selectedDigests() const
+{
+    const QHash<QUrl, ArtworkFingerprint> known = artworkFingerprints.value();
+    QSet<QString> digests;
+    for (const EditableAudioFile &row : selectedFiles())
+        digests.insert(known.value(row.url).digest);
+    return digests;
+}
+
+std::optional<QString> MetadataEditorModel::artworkCaption() const
+{
+    if (const std::optional<PreparedCoverArt> chosen = chosenArtwork.value()) {
+        if (!isArtworkPendingForSelection())
+            return std::nullopt;
+        return caption(chosen->pixelWidth, chosen->pixelHeight, chosen->byteCount);
+    }
+    const QList<EditableAudioFile> rows = selectedFiles();
+    const QSet<QString> digests = selectedDigests();
+    if (digests.size() != 1 || digests.contains(QString()) ||
+        selectedIntents().count(ArtworkIntent::remove()) == rows.size())
+        return std::nullopt;
+    const ArtworkFingerprint common = *fingerprintOf(rows.first().url);
+    return caption(common.pixelWidth, common.pixelHeight, common.byteCount);
+}
+
+std::optional<ViewableArtwork> MetadataEditorModel::artworkForViewer() const
+{
+    const std::optional<PreparedCoverArt> chosen = chosenArtwork.value();
+    const std::optional<QImage> preview = chosenArtworkPreview.value();
+    if (chosen && preview && isArtworkPendingForSelection())
+        return ViewableArtwork{*preview, chosen->pixelWidth, chosen->pixelHeight, artworkCaption()};
+    const EditorArtworkState state = artworkState();
+    if (state.kind != EditorArtworkState::Kind::image)
+        return std::nullopt;
+    const std::optional<ArtworkFingerprint> first = fingerprintOf(selectedFiles().first().url);
+    if (!first)
+        return std::nullopt;
+    return ViewableArtwork{state.picture, first->pixelWidth, first->pixelHeight, artworkCaption()};
+}
+
+bool MetadataEditorModel::canRemoveArtwork() const
+{
+    const QList<EditableAudioFile> rows = selectedFiles();
+    return isArtworkPendingForSelection() ||
+           std::any_of(rows.begin(), rows.end(),
+                       [](const EditableAudioFile &row) { return row.tags.hasAttachedPicture; });
+}
+
+bool MetadataEditorModel::isOverBudget(const EditableAudioFile &row) const
+{
+    return tonearm::isOverBudget(fingerprintOf(row.url), artworkBudget());
+}
+
+bool MetadataEditorModel::hasArtworkOverBudget() const
+{
+    const QList<EditableAudioFile> rows = selectedFiles();
+    return std::any_of(rows.begin(), rows.end(),
+                       [this](const EditableAudioFile &row) { return isOverBudget(row); });
+}
+
+QString MetadataEditorModel::optimizeLabel() const
+{
+    return u"Optimize cover art over %1 KB"_s.arg(m_settings.artworkSizeBudgetKilobytes());
+}
+
+bool MetadataEditorModel::isOptimizing() const
+{
+    const QList<EditableAudioFile> rows = selectedFiles();
+    const QSet<QUrl> optimizing = changes.value().optimizing;
+    return hasArtworkOverBudget() && std::all_of(rows.begin(), rows.end(), [&](const EditableAudioFile &row) {
+               return !isOverBudget(row) || optimizing.contains(row.url);
+           });
+}
+
+} // namespace tonearm

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reading the pictures that are embedded in the selected files.
+#include "artwork/PictureDecoding.h"
+#include "support/Background.h"
+#include "support/Cancellation.h"
+#include "support/InterruptibleSleep.h"
+#include "tageditor/BoundedReading.h"
+#include "tageditor/MetadataEditorModel.h"
+
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace tonearm {
+
+struct MetadataEditorModel::ArtworkReading
+{
+    // Absent if the picture can't be read.
+    std::optional<ArtworkFingerprint> fingerprint;
+    std::optional<QImage> preview;
+};
+
+// Starts afresh with what is selected now.
+void MetadataEditorModel::readArtwork()
+{
+    cancel(m_artworkTask);
+    m_artworkTask.reset();
+    const QHash<QUrl, ArtworkFingerprint> known = artworkFingerprints.value();
+    QList<EditableAudioFile> unknown;
+    for (const EditableAudioFile &row : selectedFiles())
+        if (row.tags.hasAttachedPicture && !known.contains(row.url))
+            unknown.append(row);
+    m_isAwaitingArtwork = !unknown.isEmpty();
+    if (unknown.isEmpty())
+        return;
+    m_artworkTask =
+        m_tasks.start([this, unknown](std::stop_token stop) { return readArtworkOf(unknown, stop); });
+}
+
+QCoro::Task<> MetadataEditorModel::readArtworkOf(QList<EditableAudioFile> rows, std::stop_token stop)
+{
+    const auto atEnd = qScopeGuard([this, &stop] {
+        if (m_artworkReader == stop)
+            isReadingArtwork = false;
+        if (!isTaskOf(stop, m_artworkTask))
+            return;
+        m_isAwaitingArtwork = false;
+        m_artworkTask.reset();
+    });
+    co_await interruptibleSleep(m_services.artworkDelay, stop);
+    throwIfCancelled(stop);
+    isReadingArtwork = true;
+    m_artworkReader = stop;
+    const BoundedReading<EditableAudioFile, ArtworkReading> reading{
+        .read = [this, stop](EditableAudioFile row) { return readArtworkOfRow(std::move(row), stop); },
+        .record =
+            [this, cache = m_artworkCache.get_token()](const EditableAudioFile &row,
+                                                       const ArtworkReading &read, double) {
+                if (!cache.stop_requested())
+                    record(row.url, read);
+            },
+    };
+    co_await readBounded(rows, reading, stop);
+}
+
+QCoro::Task<MetadataEditorModel::ArtworkReading> MetadataEditorModel::readArtworkOfRow(EditableAudioFile row,
+                                                                                       std::stop_token stop)
+{
+    ArtworkReading reading;
+    try {
+        const ArtworkFingerprint fingerprint = co_await m_services.tagService.fingerprint(row, stop);
+        reading.fingerprint = fingerprint;
+        reading.preview = knownPreview(fingerprint.digest);
+        if (!reading.preview) {
+            const auto decoding = [url = fingerprint.extractedURL] { return screenPicture(url); };
+            const std::optional<QImage> decoded = co_await inBackground(decoding);
+            reading.preview = decoded;
+        }
+    } catch (...) {
+        reading = {};
+    }
+    co_return reading;
+}
+
+// Files of one album mostly hold the same picture, which is decoded once and kept once.
+std::optional<QImage> MetadataEditorModel::knownPreview(const QString &digest) const
+{
+    const QHash<QUrl, ArtworkFingerprint> known = artworkFingerprints.value();
+    const QHash<QUrl, QImage> previews = artworkPreviews.value();
+    for (auto entry = known.constBegin(); entry != known.constEnd(); ++entry)
+        if (entry->digest == digest && previews.contains(entry.key()))
+            return previews.value(entry.key());
+    return std::nullopt;
+}
+
+void MetadataEditorModel::record(const QUrl &url, const ArtworkReading &reading)
+{
+    if (!reading.fingerprint)
+        return;
+    std::optional<QImage> preview = knownPreview(reading.fingerprint->digest);
+    if (!preview)
+        preview = reading.preview;
+    if (preview) {
+        QHash<QUrl, QImage> previews = artworkPreviews.value();
+        previews.insert(url, *preview);
+        artworkPreviews = previews;
+    }
+    QHash<QUrl, ArtworkFingerprint> fingerprints = artworkFingerprints.value();
+    fingerprints.insert(url, *reading.fingerprint);
+    artworkFingerprints = fingerprints;
+}
+
+void MetadataEditorModel::emptyArtworkCache()
+{
+    m_artworkCache.request_stop();
+    m_artworkCache = std::stop_source();
+    artworkFingerprints = QHash<QUrl, ArtworkFingerprint>();
+    artworkPreviews = QHash<QUrl, QImage>();
+}
+
+} // namespace tonearm

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How a folder comes in.
+#include "support/Background.h"
+#include "support/Cancellation.h"
+#include "tageditor/BoundedReading.h"
+#include "tageditor/FilePath.h"
+#include "tageditor/MetadataEditorModel.h"
+
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+EditableAudioFile placeholderRow(const QUrl &url)
+{
+    return {.url = url, .tags = {}, .unreadableReason = {}, .modificationDate = {}};
+}
+
+EditableAudioFile unreadableRow(const QUrl &url)
+{
+    EditableAudioFile row = placeholderRow(url);
+    row.unreadableReason = u"Tags couldn't be read."_s;
+    return row;
+}
+
+// Nothing if the file can't be read, for whatever reason.
+QCoro::Task<std::optional<EditableAudioFile>> readRow(AudioFileTagService service, QUrl url,
+                                                      std::stop_token stop)
+{
+    EditableAudioFile row = placeholderRow(url);
+    try {
+        const AudioFileTags tags = co_await service.readTags(url, stop);
+        row.tags = tags;
+        const auto dating = [url] { return contentModificationDate(url); };
+        const std::optional<QDateTime> date = co_await inBackground(dating);
+        row.modificationDate = date;
+    } catch (...) {
+        co_return std::nullopt;
+    }
+    co_return row;
+}
+
+QSet<QUrl> readableURLs(const QList<EditableAudioFile> &rows)
+{
+    QSet<QUrl> urls;
+    for (const EditableAudioFile &row : rows)
+        if (!row.unreadableReason)
+            urls.insert(row.url);
+    return urls;
+}
+
+} // namespace
+
+void MetadataEditorModel::chooseFolder()
+{
+    m_tasks.start([this](std::stop_token stop) -> QCoro::Task<> {
+        OpenPanelRequest request;
+        request.title = u"Choose Folder"_s;
+        request.prompt = u"Choose"_s;
+        request.target = OpenPanelRequest::Target::folder;
+        const std::optional<QUrl> chosen = co_await m_services.panels.choose(request, stop);
+        if (!chosen)
+            co_return;
+        if (hasPendingChanges()) {
+            PendingFolderChange change;
+            change.url = *chosen;
+            pendingFolderChange = change;
+        } else {
+            openFolder(*chosen);
+        }
+    });
+}
+
+void MetadataEditorModel::confirmFolderChange()
+{
+    const std::optional<PendingFolderChange> change = pendingFolderChange.value();
+    if (!change)
+        return;
+    pendingFolderChange = std::nullopt;
+    openFolder(change->url);
+}
+
+// What still runs for the folder has nothing to show any more.
+void MetadataEditorModel::leaveFolder()
+{
+    cancel(m_loadTask);
+    cancel(m_artworkTask);
+    cancelArtworkRequests();
+    m_folder.request_stop();
+    m_folder = std::stop_source();
+    selection = QSet<QUrl>();
+    changes = TagChangeSet();
+    files = QList<EditableAudioFile>();
+    emptyArtworkCache();
+    dropChosenArtwork();
+    saveFailures = QList<SaveFailure>();
+    completionMessage = std::nullopt;
+    saveStatus = std::nullopt;
+}
+
+void MetadataEditorModel::openFolder(const QUrl &url)
+{
+    leaveFolder();
+    folderURL = url;
+    hasLoadedFolder = true;
+    // At once, so that the folder never seems to be empty.
+    isLoading = true;
+    loadProgress = 0;
+    m_loadTask = m_tasks.start([this, url](std::stop_token stop) { return loadFolder(url, stop); });
+}
+
+void MetadataEditorModel::stopLoading()
+{
+    cancel(m_loadTask);
+}
+
+QCoro::Task<> MetadataEditorModel::loadFolder(QUrl folder, std::stop_token stop)
+{
+    const auto atEnd = qScopeGuard([this, &stop] {
+        // A load that a newer one has taken the place of leaves the fields to that one.
+        if (!isTaskOf(stop, m_loadTask))
+            return;
+        isLoading = false;
+        loadProgress = 0;
+        m_loadTask.reset();
+    });
+    co_await showFolder(folder, stop);
+}
+
+QCoro::Task<> MetadataEditorModel::showFolder(QUrl folder, std::stop_token stop)
+{
+    const auto listing = [service = m_services.tagService, folder] { return service.audioFiles(folder); };
+    AudioFolderContents contents;
+    try {
+        const AudioFolderContents listed = co_await inBackground(listing);
+        contents = listed;
+    } catch (...) {
+        throwIfCancelled(stop);
+        alert = AlertContent(u"Couldn't Read That Folder"_s, std::current_exception());
+        co_return;
+    }
+    throwIfCancelled(stop);
+    skippedAudioCount = contents.skippedCount;
+    if (contents.files.isEmpty())
+        co_return;
+    QList<EditableAudioFile> rows;
+    for (const QUrl &url : std::as_const(contents.files))
+        rows.append(placeholderRow(url));
+    files = rows;
+    const QList<EditableAudioFile> read = co_await readRows(contents.files, stop);
+    throwIfCancelled(stop);
+    files = sortedRows(read, sortOrder.value());
+    selection = readableURLs(read);
+    readArtwork();
+}
+
+// One row for each URL, in their order.
+QCoro::Task<QList<EditableAudioFile>> MetadataEditorModel::readRows(QList<QUrl> urls, std::stop_token stop)
+{
+    using Row = std::optional<EditableAudioFile>;
+    QHash<QUrl, EditableAudioFile> read;
+    const BoundedReading<QUrl, Row> reading{
+        .read = [service = m_services.tagService,
+                 stop](QUrl url) { return readRow(service, std::move(url), stop); },
+        .record =
+            [this, &read, stop](const QUrl &url, const Row &row, double fraction) {
+                if (row)
+                    read.insert(url, *row);
+                if (!stop.stop_requested())
+                    loadProgress = fraction;
+            },
+    };
+    co_await readBounded(urls, reading, stop);
+    QList<EditableAudioFile> rows;
+    for (const QUrl &url : std::as_const(urls))
+        rows.append(read.value(url, unreadableRow(url)));
+    co_return rows;
+}
+
+} // namespace tonearm

@@ -1,0 +1,505 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Saving: which files are written, what is asked, and what is told.
+#include "helpers/Await.h"
+#include "helpers/Contents.h"
+#include "helpers/Printing.h"
+#include "tageditor/EditorFixture.h"
+#include "tageditor/FFmpegStandIn.h"
+#include "tageditor/FilePath.h"
+#include "tageditor/Mutagen.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+using test::EditorFixture;
+using test::tagList;
+using Field = EditableTagField;
+
+namespace {
+
+// Edits songs and saves them with an ffmpeg that can be told to wait or to fail for a file: by files named
+// "hold-<name>", "go-<name>" and "fail-<name>" beside it. It leaves "started-<name>".
+class EditorSave : public testing::Test
+{
+protected:
+    EditorSave()
+    {
+        m_observer = m_model.saveStatus.addNotifier([this] {
+            if (const std::optional<QString> status = m_model.saveStatus.value())
+                m_statuses.append(*status);
+        });
+    }
+
+    ~EditorSave() override { m_observer = {}; }
+
+    void makeSongs(const QStringList &names)
+    {
+        for (const QString &name : names)
+            m_fixture.songs().makeSong(name, tagList(u"1"_s, u"1"_s, name.first(1)));
+        m_fixture.open();
+        ASSERT_EQ(m_fixture.names(), names);
+    }
+
+    // More identifiers than ffmpeg carries over.
+    void addIdentifiers(const QString &name)
+    {
+        test::python(R"(
+from mutagen.mp4 import MP4
+file = MP4(a[1])
+for number in range(30):
+    file['----:org.example.tagger:MusicBrainz Id %02d' % number] = b'value'
+file.save()
+)",
+                     {m_fixture.songs().path(name)});
+    }
+
+    // A FLAC file, and an M4A file that can't keep its tags.
+    void makeMixedSongs()
+    {
+        makeSongs({u"a.flac"_s, u"b.m4a"_s});
+        addIdentifiers(u"b.m4a"_s);
+        m_fixture.open();
+        m_model.setValue(u"New"_s, Field::artist);
+    }
+
+    void tell(const QString &what, const QString &name)
+    {
+        test::writeFile(m_tools.path(what + u'-' + name), "");
+    }
+
+    QString artistOf(const QString &name) { return m_fixture.songs().tags(name).artist; }
+
+    void expectLine(const QString &line) { EXPECT_EQ(m_model.completionMessage.value(), line); }
+
+    void expectAlert(const QString &title, const QString &message)
+    {
+        ASSERT_TRUE(m_model.alert.value());
+        EXPECT_EQ(m_model.alert.value()->title, title);
+        EXPECT_EQ(m_model.alert.value()->message, message);
+    }
+
+    void expectIdle()
+    {
+        EXPECT_FALSE(m_model.isSaving.value());
+        EXPECT_EQ(m_model.saveProgress.value(), 0);
+        EXPECT_EQ(m_model.saveStatus.value(), std::nullopt);
+    }
+
+    test::FFmpegStandIn m_tools{
+        "for file; do case \"$file\" in *.flac|*.m4a) name=$(basename \"$file\"); break;; esac; done\n"
+        "touch \"$here/started-$name\"\n"
+        "if [ -e \"$here/hold-$name\" ]; then\n"
+        "  while [ ! -e \"$here/go-$name\" ]; do sleep 0.01; done\nfi\n"
+        "if [ -e \"$here/fail-$name\" ]; then printf 'one\\ntwo\\n' >&2; exit 1; fi\n"
+        "if [ -e \"$here/strip-$name\" ]; then\n"
+        "  case \" $* \" in *' -t 1 '*) ;; *) set -- -v error -y -i \"$file\" -map_metadata -1 -c copy \"$output\";;"
+        " esac\nfi\n"
+        "exec \"$ffmpeg\" \"$@\""};
+    EditorFixture m_fixture{m_tools.location()};
+    MetadataEditorModel &m_model = m_fixture.model();
+    QStringList m_statuses;
+    QPropertyNotifier m_observer;
+};
+
+} // namespace
+
+TEST_F(EditorSave, TouchesNothingButWhatHasChanged)
+{
+    const QStringList others = {u"a.flac"_s, u"c.flac"_s};
+    makeSongs({u"a.flac"_s, u"b.flac"_s, u"c.flac"_s});
+    QList<QByteArray> contents;
+    QList<std::optional<QDateTime>> dates;
+    for (const QString &name : others) {
+        contents.append(test::readFile(m_fixture.songs().path(name)));
+        dates.append(contentModificationDate(m_fixture.songs().url(name)));
+    }
+    m_model.setValue(u"Song "_s, Field::title);
+    m_fixture.select({u"b.flac"_s});
+    m_model.setValue(u"New"_s, Field::artist);
+    m_fixture.save();
+    expectLine(u"Saved 1 file."_s);
+    EXPECT_EQ(artistOf(u"b.flac"_s), u"New"_s);
+    for (qsizetype index = 0; index < others.size(); ++index) {
+        EXPECT_TRUE(test::readFile(m_fixture.songs().path(others[index])) == contents[index]);
+        EXPECT_EQ(contentModificationDate(m_fixture.songs().url(others[index])), dates[index]);
+    }
+    EXPECT_EQ(m_fixture.row(u"b.flac"_s), m_fixture.songs().load(u"b.flac"_s));
+    EXPECT_EQ(m_model.selectionSummary(), u"3 files · 1 selected"_s);
+    // What waits for the others, though it is no change, still does.
+    EXPECT_EQ(m_model.changes.value().fieldEdits.size(), 2);
+    EXPECT_EQ(m_model.alert.value(), std::nullopt);
+    expectIdle();
+}
+
+TEST_F(EditorSave, ReplacesValuesThatDiffered)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s});
+    m_model.setValue(u"C"_s, Field::artist);
+    m_fixture.save();
+    expectLine(u"Saved 2 files."_s);
+    EXPECT_EQ(artistOf(u"a.flac"_s), u"C"_s);
+    EXPECT_EQ(artistOf(u"b.flac"_s), u"C"_s);
+    EXPECT_EQ(m_model.changes.value(), TagChangeSet());
+    EXPECT_FALSE(m_model.hasPendingChanges());
+}
+
+TEST_F(EditorSave, TellsWhatItDoes)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s});
+    m_model.setValue(u"C"_s, Field::artist);
+    m_fixture.save();
+    EXPECT_EQ(m_statuses, QStringList({u"Checking 1 of 2: a.flac"_s, u"Checking 2 of 2: b.flac"_s,
+                                       u"Saving 1 of 2: a.flac"_s, u"Saving 2 of 2: b.flac"_s}));
+}
+
+TEST_F(EditorSave, TellsHowFarItIs)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s});
+    m_model.dropsUnwritableTags = true;
+    m_model.setValue(u"C"_s, Field::artist);
+    tell(u"hold"_s, u"b.flac"_s);
+    m_model.save();
+    ASSERT_TRUE(m_tools.waitFor(u"started-b.flac"_s));
+    EXPECT_DOUBLE_EQ(m_model.saveProgress.value(), 0.5);
+    EXPECT_FALSE(m_model.canSave());
+    m_model.save();
+    tell(u"go"_s, u"b.flac"_s);
+    m_fixture.waitForSave();
+    expectLine(u"Saved 2 files."_s);
+}
+
+TEST_F(EditorSave, DoesNothingWhenItCant)
+{
+    makeSongs({u"a.flac"_s});
+    m_model.save();
+    EXPECT_FALSE(m_model.isSaving.value());
+    m_model.setValue(u"C"_s, Field::artist);
+    m_model.ffmpegProblem = u"Missing."_s;
+    m_model.save();
+    EXPECT_FALSE(m_model.isSaving.value());
+}
+
+TEST_F(EditorSave, DropsTagsWithoutAskingIfThatIsTheStandingChoice)
+{
+    makeMixedSongs();
+    m_model.dropsUnwritableTags = true;
+    m_fixture.save();
+    expectLine(u"Saved 2 files · dropped unwritable tags from 1."_s);
+    EXPECT_TRUE(m_statuses.filter(u"Checking"_s).isEmpty());
+    ASSERT_EQ(m_model.droppedTagReports.value().size(), 1);
+    EXPECT_EQ(m_model.droppedTagReports.value().first().fileName, u"b.m4a"_s);
+    EXPECT_EQ(m_model.droppedTagReports.value().first().fileID, m_fixture.songs().url(u"b.m4a"_s));
+    EXPECT_EQ(m_model.droppedTagSummary(), u"30 tags dropped from 1 file that couldn't keep them."_s);
+    EXPECT_TRUE(m_model.refusedSaves.value().isEmpty());
+}
+
+TEST_F(EditorSave, AsksBeforeTagsAreLost)
+{
+    makeMixedSongs();
+    m_fixture.save();
+    EXPECT_EQ(m_model.completionMessage.value(), std::nullopt);
+    EXPECT_EQ(m_model.pendingSaveTargets.value().size(), 2);
+    ASSERT_EQ(m_model.refusedSaves.value().size(), 1);
+    EXPECT_EQ(m_model.refusedSaves.value().first().fileName, u"b.m4a"_s);
+    EXPECT_EQ(m_model.refusedSaves.value().first().tags.size(), 30);
+    EXPECT_TRUE(m_model.refusalMessage().startsWith(u"\"b.m4a\" carries tags"_s));
+    EXPECT_EQ(artistOf(u"a.flac"_s), u"a"_s);
+    expectIdle();
+}
+
+TEST_F(EditorSave, LeavesARefusedFileUnchanged)
+{
+    makeMixedSongs();
+    m_fixture.save();
+    m_model.leaveRefusedUnchanged();
+    EXPECT_TRUE(m_model.isSaving.value());
+    m_fixture.waitForSave();
+    expectLine(u"Saved 1 file · 1 held back."_s);
+    EXPECT_EQ(artistOf(u"a.flac"_s), u"New"_s);
+    EXPECT_EQ(artistOf(u"b.m4a"_s), u"b"_s);
+    EXPECT_EQ(m_model.changes.value().fieldEdits.keys(), QList<QUrl>{m_fixture.songs().url(u"b.m4a"_s)});
+    EXPECT_TRUE(m_model.refusedSaves.value().isEmpty());
+    EXPECT_TRUE(m_model.pendingSaveTargets.value().isEmpty());
+}
+
+TEST_F(EditorSave, WritesARefusedFileAnyway)
+{
+    makeMixedSongs();
+    m_fixture.save();
+    m_statuses.clear();
+    m_model.saveAnyway();
+    m_fixture.waitForSave();
+    expectLine(u"Saved 2 files · dropped unwritable tags from 1."_s);
+    EXPECT_EQ(artistOf(u"b.m4a"_s), u"New"_s);
+    EXPECT_TRUE(m_statuses.filter(u"Checking"_s).isEmpty());
+    EXPECT_TRUE(m_model.refusedSaves.value().isEmpty());
+}
+
+TEST_F(EditorSave, EndsIfNothingButRefusedFilesWasToBeWritten)
+{
+    makeSongs({u"a.m4a"_s});
+    addIdentifiers(u"a.m4a"_s);
+    m_fixture.open();
+    m_model.setValue(u"New"_s, Field::artist);
+    m_fixture.save();
+    ASSERT_EQ(m_model.refusedSaves.value().size(), 1);
+    m_model.leaveRefusedUnchanged();
+    EXPECT_FALSE(m_model.isSaving.value());
+    EXPECT_EQ(m_model.completionMessage.value(), std::nullopt);
+    EXPECT_TRUE(m_model.hasPendingChanges());
+    EXPECT_EQ(artistOf(u"a.m4a"_s), u"a"_s);
+    m_model.saveAnyway();
+    EXPECT_FALSE(m_model.isSaving.value());
+}
+
+TEST_F(EditorSave, KeepsWhatWasWrittenWhenItIsStopped)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s, u"c.flac"_s});
+    m_model.dropsUnwritableTags = true;
+    m_model.setValue(u"New"_s, Field::artist);
+    tell(u"hold"_s, u"b.flac"_s);
+    m_model.save();
+    ASSERT_TRUE(m_tools.waitFor(u"started-b.flac"_s));
+    m_model.stopSaving();
+    m_fixture.waitForSave();
+    expectLine(u"Saved 1 file · 2 held back · saving was cancelled."_s);
+    EXPECT_EQ(artistOf(u"a.flac"_s), u"New"_s);
+    EXPECT_EQ(artistOf(u"b.flac"_s), u"b"_s);
+    EXPECT_FALSE(QFile::exists(m_tools.path(u"started-c.flac"_s)));
+    EXPECT_EQ(m_model.alert.value(), std::nullopt);
+    EXPECT_EQ(m_fixture.row(u"a.flac"_s), m_fixture.songs().load(u"a.flac"_s));
+    EXPECT_EQ(m_fixture.row(u"c.flac"_s).unreadableReason, std::nullopt);
+    expectIdle();
+}
+
+TEST_F(EditorSave, HoldsBackTheFileThatItWasStoppedAt)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s, u"c.flac"_s});
+    m_model.dropsUnwritableTags = true;
+    m_model.setValue(u"New"_s, Field::artist);
+    const auto stopping = m_model.saveStatus.addNotifier([this] {
+        if (m_model.saveStatus.value() == u"Saving 3 of 3: c.flac"_s)
+            m_model.stopSaving();
+    });
+    m_fixture.save();
+    expectLine(u"Saved 2 files · 1 held back · saving was cancelled."_s);
+    EXPECT_EQ(artistOf(u"c.flac"_s), u"c"_s);
+}
+
+TEST_F(EditorSave, WritesNothingIfTheCheckIsStopped)
+{
+    makeSongs({u"a.flac"_s});
+    m_model.setValue(u"New"_s, Field::artist);
+    tell(u"hold"_s, u"a.flac"_s);
+    m_model.save();
+    ASSERT_TRUE(m_tools.waitFor(u"started-a.flac"_s));
+    m_model.stopSaving();
+    m_fixture.waitForSave();
+    EXPECT_EQ(m_model.completionMessage.value(), std::nullopt);
+    EXPECT_TRUE(m_model.hasPendingChanges());
+    EXPECT_EQ(artistOf(u"a.flac"_s), u"a"_s);
+    EXPECT_TRUE(m_model.refusedSaves.value().isEmpty());
+    expectIdle();
+}
+
+TEST_F(EditorSave, TellsOfAFileThatCantBeWritten)
+{
+    makeSongs({u"a.flac"_s});
+    m_model.setValue(u"New"_s, Field::artist);
+    tell(u"fail"_s, u"a.flac"_s);
+    m_fixture.save();
+    expectLine(u"No files were saved · 1 held back · 1 couldn't be written."_s);
+    ASSERT_EQ(m_model.saveFailures.value().size(), 1);
+    const QString reason = m_model.saveFailures.value().first().reason;
+    EXPECT_TRUE(reason.contains(u"one two"_s)) << reason.toStdString();
+    EXPECT_FALSE(reason.contains(u'\n'));
+    expectAlert(u"One File Couldn't Be Saved"_s, u"a.flac — "_s + reason);
+    EXPECT_TRUE(m_model.canSave());
+
+    ASSERT_TRUE(QFile::remove(m_tools.path(u"fail-a.flac"_s)));
+    m_fixture.save();
+    expectLine(u"Saved 1 file."_s);
+    EXPECT_TRUE(m_model.saveFailures.value().isEmpty());
+    EXPECT_EQ(m_model.alert.value(), std::nullopt);
+}
+
+TEST_F(EditorSave, GoesOnAfterAFailure)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s, u"c.flac"_s});
+    m_model.setValue(u"New"_s, Field::artist);
+    const auto disturbing = m_model.saveStatus.addNotifier([this] {
+        if (m_model.saveStatus.value() == u"Saving 1 of 3: a.flac"_s) {
+            EXPECT_TRUE(QFile::remove(m_fixture.songs().path(u"a.flac"_s)));
+            tell(u"strip"_s, u"c.flac"_s);
+        }
+    });
+    m_fixture.save();
+    const QString missing = u"a.flac — \"a.flac\" is no longer there."_s;
+    const QString stripped =
+        u"c.flac — \"c.flac\" would have discarded these tags, so it was left unchanged:  disc title track"_s;
+    expectAlert(u"Some Files Couldn't Be Saved"_s, missing + u'\n' + stripped);
+    // The missing file's row is unreadable now, so that nothing is held back for it.
+    expectLine(u"Saved 1 file · 1 held back · 2 couldn't be written."_s);
+    EXPECT_EQ(m_fixture.row(u"a.flac"_s).unreadableReason, u"Tags couldn't be read."_s);
+    EXPECT_EQ(artistOf(u"b.flac"_s), u"New"_s);
+    EXPECT_EQ(artistOf(u"c.flac"_s), u"c"_s);
+}
+
+TEST_F(EditorSave, PutsInAChosenPictureAndTakesOneOut)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s});
+    const QUrl cover = m_fixture.makeNoise(u"cover.jpg"_s, 32);
+    ASSERT_TRUE(m_model.acceptImage(cover));
+    ASSERT_TRUE(test::eventually([this] { return m_model.chosenArtwork.value().has_value(); }));
+    m_fixture.save();
+    expectLine(u"Saved 2 files."_s);
+    EXPECT_EQ(m_model.chosenArtwork.value(), std::nullopt);
+    EXPECT_EQ(m_model.changes.value(), TagChangeSet());
+    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
+    EXPECT_EQ(m_model.artworkState().kind, EditorArtworkState::Kind::image);
+    EXPECT_EQ(m_model.artworkFingerprints.value().size(), 2);
+
+    m_fixture.select({u"a.flac"_s});
+    m_model.removeArtwork();
+    m_fixture.save();
+    expectLine(u"Saved 1 file."_s);
+    EXPECT_EQ(m_model.artworkState(), EditorArtworkState::note(u"No artwork"_s));
+    EXPECT_EQ(test::mutagenPictures(m_fixture.songs().path(u"b.flac"_s)).size(), 1);
+    EXPECT_TRUE(test::mutagenPictures(m_fixture.songs().path(u"a.flac"_s)).isEmpty());
+}
+
+TEST_F(EditorSave, ShrinksPicturesThatAreOverTheLimit)
+{
+    m_fixture.settings().setArtworkSizeBudgetKilobytes(AppSettings::smallestArtworkBudget);
+    m_fixture.songs().makeSongWithCover(u"a.flac"_s, m_fixture.makeNoise(u"cover.jpg"_s, 300).toLocalFile());
+    m_fixture.open();
+    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
+    ASSERT_TRUE(m_model.hasArtworkOverBudget());
+    m_model.setOptimizing(true);
+    m_fixture.save();
+    expectLine(u"Saved 1 file."_s);
+    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
+    EXPECT_EQ(m_model.artworkState().kind, EditorArtworkState::Kind::image);
+    EXPECT_FALSE(m_model.hasArtworkOverBudget());
+    EXPECT_TRUE(m_fixture.songs().temporaryFiles().filter(u"-resized"_s).isEmpty());
+}
+
+TEST_F(EditorSave, CountsAFileAsSavedThatNeedsNoShrinkingAnyMore)
+{
+    m_fixture.settings().setArtworkSizeBudgetKilobytes(AppSettings::smallestArtworkBudget);
+    m_fixture.songs().makeSongWithCover(u"a.flac"_s, m_fixture.makeNoise(u"cover.jpg"_s, 300).toLocalFile());
+    m_fixture.open();
+    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
+    m_model.setOptimizing(true);
+    const QByteArray before = test::readFile(m_fixture.songs().path(u"a.flac"_s));
+    m_model.save();
+    m_fixture.settings().setArtworkSizeBudgetKilobytes(AppSettings::largestArtworkBudget);
+    m_fixture.waitForSave();
+    expectLine(u"Saved 1 file."_s);
+    EXPECT_TRUE(test::readFile(m_fixture.songs().path(u"a.flac"_s)) == before);
+    EXPECT_TRUE(m_model.changes.value().optimizing.isEmpty());
+}
+
+TEST_F(EditorSave, FailsForTheFileWhosePictureCantBeShrunk)
+{
+    m_fixture.settings().setArtworkSizeBudgetKilobytes(AppSettings::smallestArtworkBudget);
+    m_fixture.songs().makeSongWithCover(u"a.flac"_s, m_fixture.makeNoise(u"cover.jpg"_s, 300).toLocalFile());
+    m_fixture.open();
+    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
+    m_model.setOptimizing(true);
+    const QString extracted = m_model.artworkFingerprints.value().begin()->extractedURL.toLocalFile();
+    ASSERT_TRUE(QFile::remove(extracted));
+    m_fixture.save();
+    expectLine(u"No files were saved · 1 held back · 1 couldn't be written."_s);
+    EXPECT_EQ(m_model.saveFailures.value().size(), 1);
+}
+
+TEST_F(EditorSave, ReadsTheWholeFolderAgain)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s});
+    m_fixture.select({u"a.flac"_s});
+    m_model.setValue(u"9"_s, Field::trackPosition);
+    test::writeFile(m_fixture.songs().path(u"b.flac"_s), "damaged");
+    m_fixture.save();
+    expectLine(u"Saved 1 file."_s);
+    EXPECT_EQ(m_fixture.row(u"b.flac"_s).unreadableReason, u"Tags couldn't be read."_s);
+    EXPECT_EQ(m_fixture.names(), QStringList({u"b.flac"_s, u"a.flac"_s}));
+    EXPECT_FALSE(m_model.isLoading.value());
+}
+
+TEST_F(EditorSave, IsAskedAboutWhenTheWindowIsToClose)
+{
+    makeSongs({u"a.flac"_s});
+    m_model.setValue(u"New"_s, Field::artist);
+    const TagChangeSet edits = m_model.changes.value();
+    EXPECT_FALSE(m_model.requestClose());
+    EXPECT_TRUE(m_model.isConfirmingCancel.value());
+    EXPECT_EQ(m_model.changes.value(), edits);
+    m_model.isConfirmingCancel = false;
+    EXPECT_EQ(m_model.changes.value(), edits);
+    m_model.requestClose();
+    m_model.reset();
+    EXPECT_FALSE(m_model.isConfirmingCancel.value());
+    EXPECT_EQ(m_model.changes.value(), TagChangeSet());
+    EXPECT_TRUE(m_model.requestClose());
+}
+
+TEST_F(EditorSave, EndsQuietlyWhenTheWindowIsClosed)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s});
+    m_model.dropsUnwritableTags = true;
+    m_model.setValue(u"New"_s, Field::artist);
+    tell(u"hold"_s, u"b.flac"_s);
+    m_model.save();
+    ASSERT_TRUE(m_tools.waitFor(u"started-b.flac"_s));
+    EXPECT_FALSE(m_model.requestClose());
+    m_model.reset();
+    m_fixture.waitForSave();
+    EXPECT_EQ(m_model.completionMessage.value(), std::nullopt);
+    EXPECT_EQ(m_model.alert.value(), std::nullopt);
+    EXPECT_TRUE(m_model.files.value().isEmpty());
+    EXPECT_EQ(artistOf(u"a.flac"_s), u"New"_s);
+    EXPECT_EQ(artistOf(u"b.flac"_s), u"b"_s);
+    EXPECT_EQ(test::namesIn(m_fixture.songs().path()), QStringList({u"a.flac"_s, u"b.flac"_s}));
+    expectIdle();
+}
+
+TEST_F(EditorSave, EndsWithTheModel)
+{
+    makeSongs({u"a.flac"_s});
+    m_model.dropsUnwritableTags = true;
+    m_model.setValue(u"New"_s, Field::artist);
+    tell(u"hold"_s, u"a.flac"_s);
+    m_model.save();
+    ASSERT_TRUE(m_tools.waitFor(u"started-a.flac"_s));
+    m_observer = {};
+    m_fixture.dropModel();
+    EXPECT_EQ(artistOf(u"a.flac"_s), u"a"_s);
+    EXPECT_EQ(test::namesIn(m_fixture.songs().path()), QStringList{u"a.flac"_s});
+}
+
+TEST_F(EditorSave, LeavesTheWindowsStandingStateToTheNextFolder)
+{
+    makeMixedSongs();
+    const QList<RowComparator> order = {{RowComparator::Key::fileName, Qt::DescendingOrder}};
+    m_model.setSortOrder(order);
+    m_model.dropsUnwritableTags = true;
+    m_fixture.save();
+    ASSERT_FALSE(m_model.droppedTagReports.value().isEmpty());
+    m_model.ffmpegProblem = u"Missing."_s;
+    EXPECT_TRUE(m_model.requestClose());
+    EXPECT_FALSE(m_model.dropsUnwritableTags.value());
+    EXPECT_EQ(m_model.droppedTagSummary(), std::nullopt);
+    EXPECT_EQ(m_model.completionMessage.value(), std::nullopt);
+    EXPECT_EQ(m_model.folderURL.value(), std::nullopt);
+    EXPECT_EQ(m_model.skippedAudioCount.value(), 0);
+    EXPECT_TRUE(m_model.selection.value().isEmpty());
+    EXPECT_EQ(m_model.sortOrder.value(), order);
+    EXPECT_EQ(m_model.ffmpegProblem.value(), u"Missing."_s);
+}
+
+} // namespace tonearm
