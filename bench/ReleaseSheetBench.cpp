@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From the last byte of the slower service's reply to the painted sheet with the releases of both, and how
 // much of that the main thread works, beside a bare read and parse of the same two replies.
-#include "app/screens/MainWindow.h"
-#include "app/screens/ReleaseList.h"
+#include "app/screens/mainwindow/MainWindow.h"
+#include "app/screens/releases/ReleaseList.h"
 #include "helpers/ModelFixture.h"
 #include "helpers/ReleasePages.h"
 #include "support/ResourceFolder.h"

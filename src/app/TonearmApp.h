@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/screens/CoverArtWindow.h"
-#include "app/screens/MainWindow.h"
-#include "app/screens/SingleWindow.h"
+#include "app/screens/elements/SingleWindow.h"
+#include "app/screens/mainwindow/CoverArtWindow.h"
+#include "app/screens/mainwindow/MainWindow.h"
 #include "app/settings/AppSettings.h"
 #include "app/settings/SettingsStore.h"
 #include "artwork/ArtworkFolder.h"

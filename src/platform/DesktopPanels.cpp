@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QGridLayout>
+#include <QLabel>
 #include <QPointer>
 #include <QPromise>
 
@@ -28,11 +30,27 @@ QString nameFilter(const QStringList &extensions)
     return patterns.join(u' ');
 }
 
+// Qt's own dialog has room below its boxes; the desktop's shows its title alone.
+void addMessage(QFileDialog &dialog, const QString &message)
+{
+    auto *grid = qobject_cast<QGridLayout *>(dialog.layout());
+    if (!grid)
+        return;
+    auto *label = new QLabel(message, &dialog);
+    label->setWordWrap(true);
+    grid->addWidget(label, grid->rowCount(), 0, 1, -1);
+}
+
 void setUp(QFileDialog &dialog, const OpenPanelRequest &request)
 {
     dialog.setWindowModality(Qt::WindowModal);
     dialog.setLabelText(QFileDialog::Accept, request.prompt);
     dialog.setSupportedSchemes({u"file"_s});
+    dialog.setOption(QFileDialog::ReadOnly, !request.offersNewFolders);
+    if (request.startFolder)
+        dialog.setDirectoryUrl(*request.startFolder);
+    if (!request.message.isEmpty())
+        addMessage(dialog, request.message);
     if (request.target == OpenPanelRequest::Target::folder) {
         dialog.setFileMode(QFileDialog::Directory);
         dialog.setOption(QFileDialog::ShowDirsOnly);

@@ -63,6 +63,9 @@ void MetadataEditorModel::chooseFolder()
         request.title = u"Choose Folder"_s;
         request.prompt = u"Choose"_s;
         request.target = OpenPanelRequest::Target::folder;
+        request.message = u"Choose a folder of FLAC, MP3 or M4A files. Subfolders aren't searched."_s;
+        request.startFolder = folderURL.value();
+        request.offersNewFolders = false;
         const std::optional<QUrl> chosen = co_await m_services.panels.choose(request, stop);
         if (!chosen)
             co_return;

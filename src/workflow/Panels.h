@@ -23,6 +23,12 @@ struct OpenPanelRequest
     Target target = Target::file;
     /// The only extensions on offer, in lower case and without their dots; files only.
     QStringList extensions = {};
+    /// What the panel tells beside its title, where it has room for that.
+    QString message = {};
+    /// Where it starts; absent for wherever the last one ended.
+    std::optional<QUrl> startFolder = {};
+    /// Whether the user may make a folder in it.
+    bool offersNewFolders = true;
 
     bool operator==(const OpenPanelRequest &) const = default;
 };

@@ -2,9 +2,9 @@
 #include "cddafs/FuseVolume.h"
 
 #include "cddafs/AiffHeader.h"
-#include "cddafs/FailingSource.h"
-#include "cddafs/Mounting.h"
 #include "helpers/Contents.h"
+#include "helpers/FailingSource.h"
+#include "helpers/Mounting.h"
 #include "helpers/Printing.h"
 #include "support/FileDescriptor.h"
 

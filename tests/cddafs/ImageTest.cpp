@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Disc images, mounted by the real program and compared with what they were made from.
-#include "cddafs/CddafsProgram.h"
-#include "cddafs/Mounting.h"
 #include "disc/DiscTOC.h"
+#include "helpers/CddafsProgram.h"
 #include "helpers/Contents.h"
 #include "helpers/DiscImage.h"
 #include "helpers/Media.h"
+#include "helpers/Mounting.h"
 #include "helpers/Printing.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The program as a process: how it begins, and that nothing is left behind however it ends.
-#include "cddafs/CddafsProgram.h"
-#include "cddafs/Mounting.h"
 #include "helpers/Await.h"
+#include "helpers/CddafsProgram.h"
 #include "helpers/Contents.h"
 #include "helpers/DiscImage.h"
 #include "helpers/Media.h"
+#include "helpers/Mounting.h"
 #include "helpers/Printing.h"
 
 #include <gtest/gtest.h>

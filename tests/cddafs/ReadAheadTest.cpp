@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cddafs/ReadAhead.h"
 
-#include "cddafs/FailingSource.h"
+#include "helpers/FailingSource.h"
 
 #include <gtest/gtest.h>
 

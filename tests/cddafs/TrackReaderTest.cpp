@@ -2,7 +2,7 @@
 #include "cddafs/TrackReader.h"
 
 #include "cddafs/AiffHeader.h"
-#include "cddafs/FailingSource.h"
+#include "helpers/FailingSource.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The plain reader against mounted volumes: that of an image, and one whose disc fails on purpose.
 #include "cddafs/AiffHeader.h"
-#include "cddafs/CddafsProgram.h"
 #include "cddafs/FuseVolume.h"
-#include "cddafs/Mounting.h"
 #include "disc/OpticalDiscService.h"
 #include "disc/RippingFixture.h"
 #include "disc/UnreliableSource.h"
+#include "helpers/CddafsProgram.h"
 #include "helpers/DiscImage.h"
+#include "helpers/Mounting.h"
 #include "support/Cancellation.h"
 #include "support/Digest.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cddafs/FailingSource.h"
 #include "cddafs/SectorSource.h"
+#include "helpers/FailingSource.h"
 
 #include <cstring>
 #include <functional>

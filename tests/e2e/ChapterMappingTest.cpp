@@ -2,7 +2,7 @@
 // Section 3: the chapters and their song titles.
 #include "e2e/ShownWindow.h"
 
-#include "app/screens/ChapterTable.h"
+#include "app/screens/chapters/ChapterTable.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
 

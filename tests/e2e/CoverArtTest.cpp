@@ -2,8 +2,8 @@
 // The cover's well and what is told below it.
 #include "e2e/ShownWindow.h"
 
-#include "app/screens/ArtworkWell.h"
-#include "app/screens/Spinner.h"
+#include "app/screens/elements/ArtworkWell.h"
+#include "app/screens/elements/Spinner.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"

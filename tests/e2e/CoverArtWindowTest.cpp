@@ -2,7 +2,7 @@
 // The window that shows the cover in its own size.
 #include "app/TonearmApp.h"
 
-#include "app/screens/ArtworkWell.h"
+#include "app/screens/elements/ArtworkWell.h"
 #include "helpers/Await.h"
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"

@@ -2,8 +2,8 @@
 // An audio CD in the window: offered, loaded, previewed, judged, given back.
 #include "e2e/ShownWindow.h"
 
-#include "app/screens/DiscBanner.h"
-#include "app/screens/ReleaseTexts.h"
+#include "app/screens/mainwindow/DiscBanner.h"
+#include "app/screens/releases/ReleaseTexts.h"
 #include "helpers/Await.h"
 #include "helpers/Printing.h"
 #include "helpers/Rendering.h"

@@ -2,9 +2,9 @@
 // Section 4: the job, its buttons and what is said of it.
 #include "e2e/ShownWindow.h"
 
-#include "app/screens/IconView.h"
-#include "app/screens/Spinner.h"
-#include "app/screens/StatusLine.h"
+#include "app/screens/elements/IconView.h"
+#include "app/screens/elements/Spinner.h"
+#include "app/screens/mainwindow/StatusLine.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"

@@ -2,9 +2,9 @@
 // Section 1: where the source comes from and where the files go.
 #include "e2e/ShownWindow.h"
 
-#include "app/screens/DropWell.h"
-#include "app/screens/FileSelectionSection.h"
-#include "app/screens/Spinner.h"
+#include "app/screens/elements/DropWell.h"
+#include "app/screens/elements/Spinner.h"
+#include "app/screens/mainwindow/FileSelectionSection.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"

@@ -2,12 +2,12 @@
 // For how long the window's flows keep its event loop from turning. The figures go into the report of
 // the run; nothing is asserted on them, since a machine may be busy with other things.
 #include "helpers/Heartbeat.h"
-#include "app/screens/ChapterTable.h"
-#include "app/screens/CoverArtWindow.h"
+#include "app/screens/chapters/ChapterTable.h"
+#include "app/screens/mainwindow/CoverArtWindow.h"
 #include "e2e/ShownSheet.h"
 #include "helpers/Contents.h"
 #include "helpers/ReleasePages.h"
-#include "workflow/Sources.h"
+#include "helpers/Sources.h"
 
 #include <QApplication>
 #include <QDir>

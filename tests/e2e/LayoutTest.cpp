@@ -2,10 +2,10 @@
 // The window's sizes and what becomes of its content in them.
 #include "e2e/ShownWindow.h"
 
-#include "app/screens/ContentView.h"
-#include "app/screens/Divider.h"
-#include "app/screens/ElidedLabel.h"
-#include "app/screens/SectionBox.h"
+#include "app/screens/elements/Divider.h"
+#include "app/screens/elements/ElidedLabel.h"
+#include "app/screens/elements/SectionBox.h"
+#include "app/screens/mainwindow/ContentView.h"
 #include "helpers/Await.h"
 #include "helpers/Printing.h"
 

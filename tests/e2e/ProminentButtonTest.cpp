@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The button that a section is there for: its text can be read in any colours.
-#include "app/screens/ProminentButton.h"
+#include "app/screens/elements/ProminentButton.h"
 
-#include "app/screens/Contrast.h"
+#include "app/screens/elements/Contrast.h"
 #include "helpers/Rendering.h"
 #include "helpers/Widgets.h"
 

@@ -2,8 +2,8 @@
 // Pictures of the search, its sheet and the cover in their states for people to look at.
 #include "e2e/ShownSheet.h"
 
-#include "app/screens/ArtworkWell.h"
-#include "app/screens/CoverArtWindow.h"
+#include "app/screens/elements/ArtworkWell.h"
+#include "app/screens/mainwindow/CoverArtWindow.h"
 #include "helpers/Await.h"
 #include "helpers/Printing.h"
 #include "helpers/ReleasePages.h"

@@ -2,8 +2,8 @@
 // What the sheet of releases shows.
 #include "e2e/ShownSheet.h"
 
-#include "app/screens/IconLabel.h"
-#include "app/screens/Spinner.h"
+#include "app/screens/elements/IconLabel.h"
+#include "app/screens/elements/Spinner.h"
 #include "helpers/Await.h"
 #include "helpers/Printing.h"
 

@@ -2,7 +2,7 @@
 // The search in the window's section on the album, and what it leaves in the window.
 #include "e2e/ShownSheet.h"
 
-#include "app/screens/Spinner.h"
+#include "app/screens/elements/Spinner.h"
 #include "helpers/Await.h"
 #include "helpers/Printing.h"
 #include "helpers/ReleasePages.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/screens/ReleaseList.h"
-#include "app/screens/ReleaseResultsSheet.h"
+#include "app/screens/releases/ReleaseList.h"
+#include "app/screens/releases/ReleaseResultsSheet.h"
 #include "e2e/ShownWindow.h"
 
 #include <QPushButton>

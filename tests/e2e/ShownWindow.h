@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/screens/MainWindow.h"
+#include "app/screens/mainwindow/MainWindow.h"
 #include "helpers/ModelFixture.h"
 #include "helpers/ScriptedTools.h"
 #include "helpers/Widgets.h"

@@ -2,8 +2,8 @@
 // What the window says of the source's audio.
 #include "e2e/ShownWindow.h"
 
-#include "app/screens/IconView.h"
-#include "app/screens/SourceAudioRow.h"
+#include "app/screens/elements/IconView.h"
+#include "app/screens/mainwindow/SourceAudioRow.h"
 #include "helpers/Printing.h"
 #include "helpers/Rendering.h"
 

@@ -2,8 +2,8 @@
 // The banner about the audio tools.
 #include "e2e/ShownWindow.h"
 
-#include "app/screens/FFmpegBanner.h"
-#include "app/screens/Spinner.h"
+#include "app/screens/elements/Spinner.h"
+#include "app/screens/mainwindow/FFmpegBanner.h"
 #include "helpers/Await.h"
 #include "helpers/Printing.h"
 

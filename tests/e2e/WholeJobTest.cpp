@@ -5,7 +5,7 @@
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
-#include "workflow/Sources.h"
+#include "helpers/Sources.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -3,12 +3,12 @@
 // application and services on this machine.
 #include "e2e/ShownSheet.h"
 
-#include "app/screens/ArtworkWell.h"
+#include "app/screens/elements/ArtworkWell.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
 #include "helpers/ReleasePages.h"
-#include "workflow/Sources.h"
+#include "helpers/Sources.h"
 
 #include <QApplication>
 #include <QDir>

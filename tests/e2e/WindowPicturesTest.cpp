@@ -2,7 +2,7 @@
 // Pictures of the whole window in its states for people to look at.
 #include "e2e/ShownWindow.h"
 
-#include "app/screens/FFmpegBanner.h"
+#include "app/screens/mainwindow/FFmpegBanner.h"
 #include "helpers/Await.h"
 #include "helpers/Printing.h"
 #include "helpers/Rendering.h"

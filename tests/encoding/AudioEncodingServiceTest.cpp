@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/AudioEncodingService.h"
 
-#include "encoding/OrdinaryUser.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/OrdinaryUser.h"
 #include "helpers/Printing.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/MountMonitor.h"
 
-#include "cddafs/Mounting.h"
 #include "helpers/Await.h"
 #include "helpers/DiscImage.h"
 #include "helpers/Media.h"
+#include "helpers/Mounting.h"
 
 #include <gtest/gtest.h>
 

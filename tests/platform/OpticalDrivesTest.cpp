@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/OpticalDrives.h"
 
-#include "cddafs/Mounting.h"
 #include "disc/OpticalDiscService.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/DiscImage.h"
 #include "helpers/DrivesStandIn.h"
 #include "helpers/Media.h"
+#include "helpers/Mounting.h"
 #include "helpers/Printing.h"
 #include "helpers/PrivateBus.h"
 #include "platform/MountTable.h"

@@ -25,7 +25,14 @@ FLOORS = {
     "tageditor": 5,
     "workflow": 5,
     "platform": 6,
-    "app/screens": 7,
+    "app/screens/elements": 7,
+    "app/screens/chapters": 7,
+    "app/screens/releases": 7,
+    "app/screens/mainwindow": 7,
+    "app/screens/editortable": 7,
+    "app/screens/editorwindow": 7,
+    "app/screens/settingswindow": 7,
+    "app/screens/aboutwindows": 7,
     "app": 8,
 }
 WITHOUT_WIDGETS = range(1, 6)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tageditor/AudioFolder.h"
 
-#include "encoding/OrdinaryUser.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/OrdinaryUser.h"
 #include "helpers/Printing.h"
 #include "support/PathText.h"
 #include "tageditor/FilePath.h"

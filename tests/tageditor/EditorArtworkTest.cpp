@@ -2,8 +2,8 @@
 // What the artwork column shows, and what becomes of chosen pictures.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/EditorFixture.h"
 #include "helpers/Printing.h"
-#include "tageditor/EditorFixture.h"
 #include "tageditor/FFmpegStandIn.h"
 
 #include <gtest/gtest.h>

@@ -2,9 +2,9 @@
 // How folders come into the editor.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/EditorFixture.h"
 #include "helpers/Printing.h"
 #include "helpers/StandInTools.h"
-#include "tageditor/EditorFixture.h"
 #include "tageditor/FilePath.h"
 
 #include <gtest/gtest.h>
@@ -149,10 +149,26 @@ TEST_F(EditorLoading, AsksForAFolderInAPanel)
     m_model.chooseFolder();
     EXPECT_TRUE(test::eventually([&] { return m_model.folderURL.value() == folder; }));
     const OpenPanelRequest request = m_fixture.panels().requests().last();
-    EXPECT_EQ(request.title, u"Choose Folder"_s);
-    EXPECT_EQ(request.prompt, u"Choose"_s);
-    EXPECT_EQ(request.target, OpenPanelRequest::Target::folder);
+    const OpenPanelRequest expected = {
+        .title = u"Choose Folder"_s,
+        .prompt = u"Choose"_s,
+        .target = OpenPanelRequest::Target::folder,
+        .extensions = {},
+        .message = u"Choose a folder of FLAC, MP3 or M4A files. Subfolders aren't searched."_s,
+        .startFolder = {},
+        .offersNewFolders = false};
+    EXPECT_EQ(request, expected);
     EXPECT_EQ(m_model.pendingFolderChange.value(), std::nullopt);
+}
+
+TEST_F(EditorLoading, StartsThePanelInTheOpenFolder)
+{
+    const QUrl folder = makeFolder(u"f"_s, {u"a.wav"_s});
+    m_model.openFolder(folder);
+    m_fixture.panels().prepareAnswer(std::nullopt);
+    m_model.chooseFolder();
+    ASSERT_TRUE(test::eventually([&] { return m_fixture.panels().requests().size() == 1; }));
+    EXPECT_EQ(m_fixture.panels().requests().first().startFolder, folder);
 }
 
 TEST_F(EditorLoading, AsksBeforeEditsAreLost)

@@ -2,11 +2,11 @@
 // Saving: which files are written, what is asked, and what is told.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/EditorFixture.h"
+#include "helpers/Mutagen.h"
 #include "helpers/Printing.h"
-#include "tageditor/EditorFixture.h"
 #include "tageditor/FFmpegStandIn.h"
 #include "tageditor/FilePath.h"
-#include "tageditor/Mutagen.h"
 
 #include <gtest/gtest.h>
 

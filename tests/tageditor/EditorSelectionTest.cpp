@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the editor shows for the selected rows, and what typing does to them.
+#include "helpers/EditorFixture.h"
 #include "helpers/Printing.h"
-#include "tageditor/EditorFixture.h"
 #include "tageditor/PendingEdits.h"
 
 #include <gtest/gtest.h>

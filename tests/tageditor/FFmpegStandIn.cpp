@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tageditor/FFmpegStandIn.h"
 
-#include "tageditor/SongFolder.h"
+#include "helpers/SongFolder.h"
 
 #include <QFile>
 

@@ -3,9 +3,9 @@
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
+#include "helpers/SongFolder.h"
 #include "support/Cancellation.h"
 #include "tageditor/FFmpegStandIn.h"
-#include "tageditor/SongFolder.h"
 #include "tageditor/Writes.h"
 
 #include <gmock/gmock.h>

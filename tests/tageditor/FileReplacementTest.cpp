@@ -2,14 +2,14 @@
 // What a saved file keeps besides its content.
 #include "tageditor/FileReplacement.h"
 
-#include "encoding/OrdinaryUser.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/OrdinaryUser.h"
 #include "helpers/Printing.h"
+#include "helpers/SongFolder.h"
 #include "tageditor/AudioFileTagError.h"
 #include "tageditor/ExtendedAttributes.h"
 #include "tageditor/FilePath.h"
-#include "tageditor/SongFolder.h"
 #include "tageditor/Writes.h"
 
 #include <gmock/gmock.h>

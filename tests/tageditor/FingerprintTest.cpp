@@ -3,10 +3,10 @@
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
+#include "helpers/SongFolder.h"
 #include "helpers/StandInTools.h"
 #include "support/Cancellation.h"
 #include "support/Digest.h"
-#include "tageditor/SongFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,11 +2,11 @@
 // Saves on a disk with less and less room.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/Mutagen.h"
 #include "helpers/Printing.h"
-#include "tageditor/Mutagen.h"
-#include "tageditor/SongFolder.h"
+#include "helpers/SmallDisk.h"
+#include "helpers/SongFolder.h"
 #include "tageditor/Writes.h"
-#include "workflow/SmallDisk.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include "tageditor/Id3Version.h"
 
 #include "helpers/Contents.h"
-#include "tageditor/SongFolder.h"
+#include "helpers/SongFolder.h"
 
 #include <gtest/gtest.h>
 

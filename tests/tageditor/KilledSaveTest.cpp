@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A program that saves is killed at random moments: the song is always one of its two versions, to the byte.
 #include "helpers/Contents.h"
+#include "helpers/Mutagen.h"
 #include "helpers/Printing.h"
-#include "tageditor/Mutagen.h"
-#include "tageditor/SongFolder.h"
+#include "helpers/SongFolder.h"
 #include "tageditor/Writes.h"
 
 #include <gtest/gtest.h>

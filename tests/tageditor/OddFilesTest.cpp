@@ -2,9 +2,9 @@
 // Saving files as collections really hold them.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/Mutagen.h"
 #include "helpers/Printing.h"
-#include "tageditor/Mutagen.h"
-#include "tageditor/SongFolder.h"
+#include "helpers/SongFolder.h"
 #include "tageditor/Writes.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tageditor/PendingEdits.h"
+#include "helpers/EditorFixture.h"
 #include "helpers/Printing.h"
-#include "tageditor/EditorFixture.h"
 #include "tageditor/Writes.h"
 
 #include <gtest/gtest.h>

@@ -3,8 +3,8 @@
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
+#include "helpers/SongFolder.h"
 #include "tageditor/FFmpegStandIn.h"
-#include "tageditor/SongFolder.h"
 #include "tageditor/Writes.h"
 
 #include <gtest/gtest.h>

@@ -2,12 +2,12 @@
 // Reading the tags of real files, made by ffmpeg, mutagen, lame and metaflac.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/Mutagen.h"
 #include "helpers/Printing.h"
+#include "helpers/SongFolder.h"
 #include "helpers/StandInTools.h"
 #include "support/Cancellation.h"
 #include "tageditor/FilePath.h"
-#include "tageditor/Mutagen.h"
-#include "tageditor/SongFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

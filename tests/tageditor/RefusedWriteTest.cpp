@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Files that a save leaves alone, and the looks at a file before it.
-#include "encoding/OrdinaryUser.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/Mutagen.h"
+#include "helpers/OrdinaryUser.h"
 #include "helpers/Printing.h"
+#include "helpers/SmallDisk.h"
+#include "helpers/SongFolder.h"
 #include "tageditor/FilePath.h"
-#include "tageditor/Mutagen.h"
 #include "tageditor/RewriteTarget.h"
-#include "tageditor/SongFolder.h"
 #include "tageditor/Writes.h"
-#include "workflow/SmallDisk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tageditor/RowOrder.h"
+#include "helpers/EditorFixture.h"
 #include "helpers/Printing.h"
 #include "support/PathText.h"
-#include "tageditor/EditorFixture.h"
 
 #include <gtest/gtest.h>
 

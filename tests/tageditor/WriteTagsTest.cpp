@@ -2,11 +2,11 @@
 // Real files of every kind, saved and read back by mutagen.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/Mutagen.h"
 #include "helpers/Printing.h"
+#include "helpers/SongFolder.h"
 #include "support/Digest.h"
 #include "tageditor/FilePath.h"
-#include "tageditor/Mutagen.h"
-#include "tageditor/SongFolder.h"
 #include "tageditor/Writes.h"
 
 #include <gmock/gmock.h>

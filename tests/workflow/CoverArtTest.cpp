@@ -6,7 +6,7 @@
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
 #include "helpers/ReleasePages.h"
-#include "workflow/Sources.h"
+#include "helpers/Sources.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
 #include "helpers/ScriptedTools.h"
-#include "workflow/Sources.h"
+#include "helpers/Sources.h"
 
 #include <gtest/gtest.h>
 

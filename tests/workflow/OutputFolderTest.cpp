@@ -5,9 +5,9 @@
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
 #include "helpers/ScriptedTools.h"
+#include "helpers/SmallDisk.h"
+#include "helpers/Sources.h"
 #include "workflow/ReadOnlyFolder.h"
-#include "workflow/SmallDisk.h"
-#include "workflow/Sources.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "helpers/Await.h"
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
-#include "workflow/Sources.h"
+#include "helpers/Sources.h"
 
 #include <gtest/gtest.h>
 

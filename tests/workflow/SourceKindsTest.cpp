@@ -2,7 +2,7 @@
 // Jobs on files with each kind of audio, from the file to the finished FLACs.
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
-#include "workflow/Sources.h"
+#include "helpers/Sources.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/elements/TextStyle.h"
+
+#include "app/screens/elements/Colours.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFontInfo>
+#include <QLabel>
+
+namespace tonearm {
+
+namespace {
+
+constexpr double headingSize = 1.15;
+constexpr double smallSize = 0.9;
+
+double relativeSize(TextStyle style)
+{
+    switch (style) {
+    case TextStyle::heading:
+        return headingSize;
+    case TextStyle::small:
+    case TextStyle::smallSecondary:
+        return smallSize;
+    case TextStyle::emphasised:
+    case TextStyle::secondary:
+        return 1;
+    }
+    Q_UNREACHABLE();
+}
+
+// A font may be sized in pixels, and then has no size in points of its own.
+double pointSize(const QFont &font)
+{
+    return font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+}
+
+// A font with nothing set but what the style changes, so that the rest goes on being inherited.
+QFont styledFont(TextStyle style, const QFont &around)
+{
+    QFont font;
+    if (relativeSize(style) != 1)
+        font.setPointSizeF(pointSize(around) * relativeSize(style));
+    if (style == TextStyle::heading || style == TextStyle::emphasised)
+        font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+// A label that has a size and a colour of its own hears nothing when those of its parent change, so
+// the parent is listened to as well.
+class StyleKeeper final : public QObject
+{
+public:
+    StyleKeeper(QLabel *label, TextStyle style)
+        : QObject(label)
+        , m_label(label)
+        , m_style(style)
+    {
+        label->installEventFilter(this);
+        listenToParent();
+        apply();
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        switch (event->type()) {
+        case QEvent::ParentChange:
+            if (watched == m_label) {
+                listenToParent();
+                apply();
+            }
+            break;
+        case QEvent::FontChange:
+        case QEvent::PaletteChange:
+            if (watched == m_label->parentWidget())
+                apply();
+            break;
+        default:
+            break;
+        }
+        return false;
+    }
+
+private:
+    void listenToParent()
+    {
+        if (QWidget *parent = m_label->parentWidget())
+            parent->installEventFilter(this);
+    }
+
+    void apply()
+    {
+        const QWidget *parent = m_label->parentWidget();
+        m_label->setFont(styledFont(m_style, parent ? parent->font() : QApplication::font()));
+        if (m_style == TextStyle::secondary || m_style == TextStyle::smallSecondary)
+            applySecondaryColour(parent ? parent->palette() : QApplication::palette());
+    }
+
+    void applySecondaryColour(const QPalette &around)
+    {
+        QPalette palette;
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            palette.setColor(group, QPalette::WindowText, toneColour(Tone::secondary, around, group));
+        m_label->setPalette(palette);
+    }
+
+    QLabel *m_label;
+    TextStyle m_style;
+};
+
+} // namespace
+
+QFont fontOf(TextStyle style, const QFont &around)
+{
+    return styledFont(style, around).resolve(around);
+}
+
+void applyTextStyle(QLabel *label, TextStyle style)
+{
+    new StyleKeeper(label, style);
+}
+
+} // namespace tonearm

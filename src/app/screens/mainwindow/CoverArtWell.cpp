@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/mainwindow/CoverArtWell.h"
+
+#include "app/screens/elements/ArtworkWell.h"
+#include "app/screens/elements/Bind.h"
+#include "app/screens/elements/IconLabel.h"
+#include "app/screens/elements/TextStyle.h"
+#include "workflow/AppModel.h"
+
+#include <QMenu>
+#include <QVBoxLayout>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int wellSide = 104;
+// Room for the lines under the well.
+constexpr int columnWidth = 220;
+constexpr int gap = 6;
+
+ArtworkWellContent contentOf(const AppModel &model)
+{
+    const bool isFetching = model.isFetchingArtwork.value();
+    if (const std::optional<QImage> picture = model.coverArtPreview.value())
+        return {ArtworkWellContent::Image{*picture, isFetching}};
+    if (isFetching)
+        return {ArtworkWellContent::Loading{}};
+    return {ArtworkWellContent::Empty{u"Cover art"_s}};
+}
+
+void showIfAny(IconLabel *label, const std::optional<QString> &text)
+{
+    label->setText(text.value_or(QString()));
+    label->setVisible(text.has_value());
+}
+
+} // namespace
+
+CoverArtWell::CoverArtWell(AppModel &model, QWidget *parent)
+    : QWidget(parent)
+    , m_model(model)
+{
+    setFixedWidth(columnWidth);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(gap);
+    column->addWidget(makeWell(), 0, Qt::AlignHCenter);
+    column->addWidget(makeSummary());
+    column->addStretch(1);
+}
+
+QWidget *CoverArtWell::makeWell()
+{
+    auto *well = new ArtworkWell(
+        wellSide, [this](const QUrl &url) { return m_model.useCoverArtFile(url); },
+        [this](QMenu &menu) { fillMenu(menu); }, this);
+    well->setToolTip(u"Drag a JPEG or PNG here, or right-click to choose, download or view the artwork"_s);
+    bind(
+        well, [this] { return contentOf(m_model); }, &ArtworkWell::setContent);
+    return well;
+}
+
+QWidget *CoverArtWell::makeSummary()
+{
+    auto *summary = new QWidget(this);
+    auto *column = new QVBoxLayout(summary);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(gap);
+    auto *caption = new IconLabel(IconName::picture, Tone::secondary, summary);
+    applyTextStyle(caption, TextStyle::small);
+    bind(
+        caption, [this] { return m_model.coverArtCaption(); }, showIfAny);
+    auto *warning = new IconLabel(IconName::warning, Tone::warning, summary);
+    applyTextStyle(warning, TextStyle::small);
+    bind(
+        warning, [this] { return m_model.coverArtWarning(); }, showIfAny);
+    column->addWidget(caption);
+    column->addWidget(warning);
+    return summary;
+}
+
+void CoverArtWell::fillMenu(QMenu &menu)
+{
+    menu.addAction(u"Choose…"_s, this, [this] { m_model.chooseCoverArt(); });
+    QAction *fetch = menu.addAction(m_model.fetchArtworkTitle(), this, [this] { m_model.fetchArtwork(); });
+    fetch->setEnabled(m_model.canFetchArtwork());
+    menu.addSeparator();
+    QAction *view = menu.addAction(u"View Artwork"_s, this, &CoverArtWell::viewingRequested);
+    view->setEnabled(m_model.coverArtPreview.value().has_value());
+    QAction *remove = menu.addAction(u"Remove"_s, this, [this] { m_model.clearCoverArt(); });
+    remove->setEnabled(m_model.coverArt.value().has_value());
+}
+
+} // namespace tonearm

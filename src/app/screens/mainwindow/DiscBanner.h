@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/screens/elements/Banner.h"
+#include "disc/DiscInfo.h"
+
+#include <QList>
+
+namespace tonearm {
+
+class AppModel;
+
+/// Offers the audio CDs that are in the machine, a row for each.
+class DiscBanner : public Banner
+{
+    Q_OBJECT
+
+public:
+    explicit DiscBanner(AppModel &model, QWidget *parent = nullptr);
+
+private:
+    void showDiscs(const QList<DiscInfo> &discs);
+
+    AppModel &m_model;
+};
+
+} // namespace tonearm
