@@ -3,8 +3,7 @@
 
 #include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/Divider.h"
-#include "app/screens/elements/IconView.h"
-#include "app/screens/elements/TextStyle.h"
+#include "app/screens/elements/PlaceholderScreen.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -28,8 +27,6 @@ constexpr QSize roomBeside(20, 20 + 44);
 constexpr double largestShareOfScreen = 0.9;
 constexpr int sideWhereUnknown = 600;
 constexpr int summaryPadding = 10;
-constexpr int iconSide = 48;
-constexpr int gap = 8;
 
 } // namespace
 
@@ -86,29 +83,11 @@ ArtworkWindow::ArtworkWindow(const QString &title, const ArtworkPlaceholder &pla
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_places);
-    m_places->addWidget(makePlaceholder(placeholder));
+    m_places->addWidget(
+        new PlaceholderScreen({IconName::picture, placeholder.title, placeholder.text}, this));
     m_places->addWidget(makePictureView());
     for (const QKeySequence &keys : {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::Key_Escape)})
         connect(new QShortcut(keys, this), &QShortcut::activated, this, &QWidget::close);
-}
-
-QWidget *ArtworkWindow::makePlaceholder(const ArtworkPlaceholder &placeholder)
-{
-    auto *place = new QWidget(this);
-    auto *title = new QLabel(placeholder.title, place);
-    applyTextStyle(title, TextStyle::heading);
-    auto *text = new QLabel(placeholder.text, place);
-    applyTextStyle(text, TextStyle::secondary);
-    text->setAlignment(Qt::AlignHCenter);
-    text->setWordWrap(true);
-    auto *column = new QVBoxLayout(place);
-    column->setSpacing(gap);
-    column->addStretch(1);
-    column->addWidget(new IconView(IconName::picture, Tone::secondary, place, iconSide), 0, Qt::AlignHCenter);
-    column->addWidget(title, 0, Qt::AlignHCenter);
-    column->addWidget(text);
-    column->addStretch(1);
-    return place;
 }
 
 QWidget *ArtworkWindow::makePictureView()

@@ -53,7 +53,6 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    QWidget *makePlaceholder(const ArtworkPlaceholder &placeholder);
     QWidget *makePictureView();
     void fit();
 

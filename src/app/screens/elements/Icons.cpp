@@ -26,6 +26,8 @@ QString fileStem(IconName name)
     switch (name) {
     case IconName::warning:
         return u"warning"_s;
+    case IconName::warningOutline:
+        return u"warning-outline"_s;
     case IconName::success:
         return u"success"_s;
     case IconName::inputFile:
@@ -36,6 +38,14 @@ QString fileStem(IconName name)
         return u"folder"_s;
     case IconName::folderAdd:
         return u"folder-add"_s;
+    case IconName::folderGear:
+        return u"folder-gear"_s;
+    case IconName::document:
+        return u"document"_s;
+    case IconName::metadataPage:
+        return u"metadata-page"_s;
+    case IconName::waveform:
+        return u"waveform"_s;
     case IconName::encode:
         return u"encode"_s;
     case IconName::lossy:

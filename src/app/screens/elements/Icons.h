@@ -12,12 +12,19 @@ namespace tonearm {
 
 /// The program's own drawings, by what they mean.
 enum class IconName {
+    /// Filled, for what needs attention.
     warning,
+    /// Outlined, for a remark.
+    warningOutline,
     success,
     inputFile,
     disc,
     folder,
     folderAdd,
+    folderGear,
+    document,
+    metadataPage,
+    waveform,
     encode,
     lossy,
     list,
