@@ -138,6 +138,14 @@ TEST(TextStyle, MakesSmallTextSmallerThanTheTextAround)
     EXPECT_DOUBLE_EQ(label.font().pointSizeF(), 36) << "it follows a change";
 }
 
+TEST(TextStyle, SetsCalloutsBetweenTheBodyAndSmallText)
+{
+    const QFont around = QApplication::font();
+    EXPECT_LT(fontOf(TextStyle::callout, around).pointSizeF(), around.pointSizeF());
+    EXPECT_LT(fontOf(TextStyle::small, around).pointSizeF(),
+              fontOf(TextStyle::calloutSecondary, around).pointSizeF());
+}
+
 TEST(TextStyle, FollowsTheLabelIntoAnotherWindow)
 {
     QWidget window;

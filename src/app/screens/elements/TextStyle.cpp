@@ -13,6 +13,7 @@ namespace tonearm {
 namespace {
 
 constexpr double headingSize = 1.15;
+constexpr double calloutSize = 0.95;
 constexpr double smallSize = 0.9;
 
 double relativeSize(TextStyle style)
@@ -20,6 +21,9 @@ double relativeSize(TextStyle style)
     switch (style) {
     case TextStyle::heading:
         return headingSize;
+    case TextStyle::callout:
+    case TextStyle::calloutSecondary:
+        return calloutSize;
     case TextStyle::small:
     case TextStyle::smallSecondary:
         return smallSize;
@@ -28,6 +32,12 @@ double relativeSize(TextStyle style)
         return 1;
     }
     Q_UNREACHABLE();
+}
+
+bool isSecondary(TextStyle style)
+{
+    return style == TextStyle::secondary || style == TextStyle::calloutSecondary ||
+           style == TextStyle::smallSecondary;
 }
 
 // A font may be sized in pixels, and then has no size in points of its own.
@@ -93,7 +103,7 @@ private:
     {
         const QWidget *parent = m_label->parentWidget();
         m_label->setFont(styledFont(m_style, parent ? parent->font() : QApplication::font()));
-        if (m_style == TextStyle::secondary || m_style == TextStyle::smallSecondary)
+        if (isSecondary(m_style))
             applySecondaryColour(parent ? parent->palette() : QApplication::palette());
     }
 

@@ -15,6 +15,10 @@ enum class TextStyle {
     emphasised,
     /// Explains, in the body's size.
     secondary,
+    /// Between the body's size and the next smaller one.
+    callout,
+    /// Explains, in that size.
+    calloutSecondary,
     /// A size smaller.
     small,
     /// Explains, a size smaller.

@@ -115,7 +115,7 @@ QWidget *ChapterMappingSection::makeReapplyButton()
 
 void ChapterMappingSection::addMismatchNote()
 {
-    auto *note = new IconLabel(IconName::warning, Tone::warning, this);
+    auto *note = new IconLabel(IconName::warningOutline, Tone::warning, this);
     bind(
         note, [this] { return m_model.tracklistMismatchNote(); },
         [](IconLabel *label, const std::optional<QString> &text) {

@@ -61,7 +61,7 @@ MetadataSearchSection::MetadataSearchSection(AppModel &model, const GenreCatalog
     columns->addWidget(cover, 0, Qt::AlignTop);
     content()->addLayout(columns);
 
-    auto *notices = new NoticeList(TextStyle::secondary, this);
+    auto *notices = new NoticeList(TextStyle::callout, this);
     bind(
         notices, [&model] { return model.searchNotices.value(); }, &NoticeList::setNotices);
     content()->addWidget(notices);

@@ -21,7 +21,7 @@ void NoticeList::setNotices(const QList<MetadataSearchOutcome::Notice> &notices)
 {
     qDeleteAll(findChildren<IconLabel *>());
     for (const MetadataSearchOutcome::Notice &notice : notices) {
-        const IconName name = notice.isConfigurationIssue ? IconName::gearWarning : IconName::warning;
+        const IconName name = notice.isConfigurationIssue ? IconName::gearWarning : IconName::warningOutline;
         auto *label = new IconLabel(name, Tone::warning, this);
         applyTextStyle(label, m_style);
         label->setText(notice.message);
