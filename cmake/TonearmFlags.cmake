@@ -24,6 +24,12 @@ target_compile_definitions(tonearm_flags INTERFACE
   QT_DISABLE_DEPRECATED_BEFORE=0x060400
   TONEARM_VERSION="${PROJECT_VERSION}")
 
+# A build links some eighty programs; mold does it in a fraction of the time.
+find_program(TONEARM_MOLD mold)
+if(TONEARM_MOLD)
+  target_link_options(tonearm_flags INTERFACE -fuse-ld=mold)
+endif()
+
 if(TONEARM_SANITIZE)
   target_compile_options(tonearm_flags INTERFACE
     -fsanitize=${TONEARM_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)

@@ -8,12 +8,15 @@
 #include "helpers/ReleasePages.h"
 #include "helpers/Sources.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QRandomGenerator>
+#include <QTemporaryDir>
 
 namespace tonearm {
 
@@ -272,6 +275,32 @@ TEST_F(CoverArt, LeavesNothingOfADownloadThatIsNoPicture)
     EXPECT_EQ(m_model.alert.value()->title, u"Couldn't Fetch Artwork"_s);
     EXPECT_TRUE(m_model.alert.value()->message.endsWith(u"-MusicBrainz-cover.jpg\" couldn't be read as an "
                                                         u"image.\n\nTry a different JPEG or PNG."_s));
+    EXPECT_TRUE(m_fixture.temporaryArtwork().isEmpty());
+}
+
+TEST_F(CoverArt, IsLeftAloneIfItsSmallerCopyHasNoPlace)
+{
+    m_fixture.settings().setArtworkSizeBudgetKilobytes(50);
+    const QTemporaryDir elsewhere;
+    const QString large = elsewhere.filePath(u"large.jpg"_s);
+    ASSERT_TRUE(noise(900).save(large, "JPEG"));
+    ASSERT_TRUE(QDir(m_fixture.path(u"."_s)).removeRecursively());
+    use(QUrl::fromLocalFile(large));
+    ASSERT_TRUE(m_model.alert.value());
+    EXPECT_EQ(m_model.alert.value()->title, u"Couldn't Use Image"_s);
+    EXPECT_THAT(m_model.alert.value()->message.toStdString(), testing::HasSubstr("No such file or directory"));
+    EXPECT_FALSE(m_model.coverArt.value());
+    EXPECT_TRUE(QFile::exists(large));
+}
+
+TEST_F(CoverArt, LeavesNothingOfADownloadThatIsCancelled)
+{
+    m_pages.addCover(u"a"_s, LoopbackResponse::silence());
+    chooseRelease();
+    m_model.fetchArtwork();
+    ASSERT_TRUE(eventually([this] { return !m_pages.askedPaths().isEmpty(); }));
+    EXPECT_TRUE(m_model.isFetchingArtwork.value());
+    m_fixture.dropModel();
     EXPECT_TRUE(m_fixture.temporaryArtwork().isEmpty());
 }
 
