@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "tageditor/EditableTagField.h"
+
 #include <QString>
 
 #include <utility>
@@ -26,5 +28,8 @@ struct CommonValue
 
     bool operator==(const CommonValue &) const = default;
 };
+
+/// What the text box of a field with this value shows while it is empty.
+QString placeholderOf(EditableTagField field, const CommonValue &common);
 
 } // namespace tonearm

@@ -11,6 +11,7 @@
 #include "tageditor/EditableAudioFile.h"
 #include "tageditor/EditorArtworkState.h"
 #include "tageditor/PendingFolderChange.h"
+#include "tageditor/Remembered.h"
 #include "tageditor/RowOrder.h"
 #include "tageditor/SaveReports.h"
 #include "tageditor/TagChangeSet.h"
@@ -21,15 +22,18 @@
 
 #include <QCoroTask>
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QImage>
 #include <QList>
+#include <QMap>
 #include <QProperty>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
 
+#include <array>
 #include <chrono>
 #include <exception>
 #include <memory>
@@ -140,7 +144,7 @@ public:
     QList<EditableAudioFile> selectedFiles() const;
     QString selectionSummary() const;
     CommonValue commonValue(EditableTagField field) const;
-    /// What an empty text box shows.
+    /// What an empty text box shows; placeholderOf() tells it without another look at the files.
     QString placeholder(EditableTagField field) const;
     /// The genres of the selected files that aren't among those offered by default.
     QStringList genreSuggestions() const;
@@ -215,6 +219,21 @@ private:
         bool isAlertWanted = true;
     };
 
+    // What the selected rows hold in one field.
+    struct SelectedText
+    {
+        CommonValue shown;
+        // Whatever edits wait.
+        CommonValue stored;
+        bool isEditedEverywhere = false;
+    };
+
+    using SelectedTexts = std::array<SelectedText, allEditableTagFields.size()>;
+
+    static SelectedTexts textsOf(const QList<EditableAudioFile> &rows,
+                                 const QHash<QUrl, QMap<EditableTagField, QString>> &edits);
+    const SelectedText &selectedText(EditableTagField field) const;
+
     static bool isTaskOf(const std::stop_token &stop, const std::optional<TaskHandle> &task);
     static void cancel(const std::optional<TaskHandle> &task);
 
@@ -235,6 +254,7 @@ private:
     QCoro::Task<ArtworkReading> readArtworkOfRow(EditableAudioFile row, std::stop_token stop);
     std::optional<QImage> knownPreview(const QString &digest) const;
     void record(const QUrl &url, const ArtworkReading &reading);
+    void publishArtwork();
     void emptyArtworkCache();
     void requestArtwork(const QUrl &image, bool isAlertWanted);
     void cancelArtworkRequests();
@@ -260,6 +280,9 @@ private:
 
     AppSettings &m_settings;
     Services m_services;
+    mutable Remembered<QList<EditableAudioFile>, QList<EditableAudioFile>, QSet<QUrl>> m_selectedFiles;
+    mutable Remembered<SelectedTexts, QList<EditableAudioFile>, QHash<QUrl, QMap<EditableTagField, QString>>>
+        m_selectedTexts;
     std::optional<TaskHandle> m_loadTask;
     std::optional<TaskHandle> m_saveTask;
     std::optional<TaskHandle> m_artworkTask;
@@ -270,6 +293,11 @@ private:
     QProperty<bool> m_isAwaitingArtwork;
     // The task that isReadingArtwork belongs to.
     std::stop_token m_artworkReader;
+    // What has been read since the fingerprints were last set: they are set now and then, not for each file.
+    QHash<QUrl, ArtworkFingerprint> m_freshFingerprints;
+    QHash<QUrl, QImage> m_freshPreviews;
+    QElapsedTimer m_sinceArtwork;
+    QHash<QString, QImage> m_previewsByDigest;
     // Stopped when the folder is left: what a save has yet to show of it isn't shown any more.
     std::stop_source m_folder;
     // Stopped when the fingerprints are emptied: what was read before doesn't count any more.

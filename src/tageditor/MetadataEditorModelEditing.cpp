@@ -4,6 +4,7 @@
 #include "tageditor/PendingEdits.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tonearm {
 
@@ -21,7 +22,7 @@ void MetadataEditorModel::setValue(const QString &text, EditableTagField field)
     TagChangeSet edited = changes.value();
     for (const EditableAudioFile &row : rows)
         edited.fieldEdits[row.url].insert(field, text);
-    changes = edited;
+    changes = std::move(edited);
     completionMessage = std::nullopt;
 }
 
@@ -32,19 +33,23 @@ qint64 MetadataEditorModel::artworkBudget() const
 
 std::optional<ArtworkFingerprint> MetadataEditorModel::fingerprintOf(const QUrl &url) const
 {
-    const QHash<QUrl, ArtworkFingerprint> known = artworkFingerprints.value();
+    const QHash<QUrl, ArtworkFingerprint> &known = artworkFingerprints.value();
     const auto found = known.constFind(url);
     return found == known.constEnd() ? std::nullopt : std::optional(*found);
 }
 
 bool MetadataEditorModel::isDirty(const EditableAudioFile &row) const
 {
-    return tonearm::isDirty(row, changes.value(), fingerprintOf(row.url), artworkBudget());
+    const TagChangeSet &pending = changes.value();
+    // What the fingerprint says matters for these only.
+    const bool isShrinking = pending.optimizing.contains(row.url);
+    return tonearm::isDirty(row, pending, isShrinking ? fingerprintOf(row.url) : std::nullopt,
+                            artworkBudget());
 }
 
 bool MetadataEditorModel::hasPendingChanges() const
 {
-    const QList<EditableAudioFile> rows = files.value();
+    const QList<EditableAudioFile> &rows = files.value();
     return std::any_of(rows.begin(), rows.end(),
                        [this](const EditableAudioFile &row) { return isDirty(row); });
 }

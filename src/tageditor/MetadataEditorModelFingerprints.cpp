@@ -9,9 +9,19 @@
 
 #include <QScopeGuard>
 
+#include <chrono>
 #include <utility>
 
 namespace tonearm {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+// Setting the fingerprints of thousands of files, and all that hangs on them, takes its time.
+constexpr auto publishingInterval = 100ms;
+
+} // namespace
 
 struct MetadataEditorModel::ArtworkReading
 {
@@ -25,6 +35,7 @@ void MetadataEditorModel::readArtwork()
 {
     cancel(m_artworkTask);
     m_artworkTask.reset();
+    publishArtwork();
     const QHash<QUrl, ArtworkFingerprint> known = artworkFingerprints.value();
     QList<EditableAudioFile> unknown;
     for (const EditableAudioFile &row : selectedFiles())
@@ -40,6 +51,7 @@ void MetadataEditorModel::readArtwork()
 QCoro::Task<> MetadataEditorModel::readArtworkOf(QList<EditableAudioFile> rows, std::stop_token stop)
 {
     const auto atEnd = qScopeGuard([this, &stop] {
+        publishArtwork();
         if (m_artworkReader == stop)
             isReadingArtwork = false;
         if (!isTaskOf(stop, m_artworkTask))
@@ -85,12 +97,8 @@ QCoro::Task<MetadataEditorModel::ArtworkReading> MetadataEditorModel::readArtwor
 // Files of one album mostly hold the same picture, which is decoded once and kept once.
 std::optional<QImage> MetadataEditorModel::knownPreview(const QString &digest) const
 {
-    const QHash<QUrl, ArtworkFingerprint> known = artworkFingerprints.value();
-    const QHash<QUrl, QImage> previews = artworkPreviews.value();
-    for (auto entry = known.constBegin(); entry != known.constEnd(); ++entry)
-        if (entry->digest == digest && previews.contains(entry.key()))
-            return previews.value(entry.key());
-    return std::nullopt;
+    const auto known = m_previewsByDigest.constFind(digest);
+    return known == m_previewsByDigest.constEnd() ? std::nullopt : std::optional(*known);
 }
 
 void MetadataEditorModel::record(const QUrl &url, const ArtworkReading &reading)
@@ -101,19 +109,35 @@ void MetadataEditorModel::record(const QUrl &url, const ArtworkReading &reading)
     if (!preview)
         preview = reading.preview;
     if (preview) {
-        QHash<QUrl, QImage> previews = artworkPreviews.value();
-        previews.insert(url, *preview);
-        artworkPreviews = previews;
+        m_previewsByDigest.insert(reading.fingerprint->digest, *preview);
+        m_freshPreviews.insert(url, *preview);
     }
+    m_freshFingerprints.insert(url, *reading.fingerprint);
+    if (!m_sinceArtwork.isValid() || m_sinceArtwork.hasExpired(publishingInterval.count()))
+        publishArtwork();
+}
+
+void MetadataEditorModel::publishArtwork()
+{
+    if (m_freshFingerprints.isEmpty())
+        return;
+    QHash<QUrl, QImage> previews = artworkPreviews.value();
+    previews.insert(std::exchange(m_freshPreviews, {}));
+    artworkPreviews = std::move(previews);
     QHash<QUrl, ArtworkFingerprint> fingerprints = artworkFingerprints.value();
-    fingerprints.insert(url, *reading.fingerprint);
-    artworkFingerprints = fingerprints;
+    fingerprints.insert(std::exchange(m_freshFingerprints, {}));
+    artworkFingerprints = std::move(fingerprints);
+    m_sinceArtwork.start();
 }
 
 void MetadataEditorModel::emptyArtworkCache()
 {
     m_artworkCache.request_stop();
     m_artworkCache = std::stop_source();
+    m_freshFingerprints.clear();
+    m_freshPreviews.clear();
+    m_previewsByDigest.clear();
+    m_sinceArtwork.invalidate();
     artworkFingerprints = QHash<QUrl, ArtworkFingerprint>();
     artworkPreviews = QHash<QUrl, QImage>();
 }

@@ -58,10 +58,10 @@ std::optional<AlertContent> alertOf(const QList<SaveFailure> &failures)
 
 QList<EditableAudioFile> without(QList<EditableAudioFile> rows, const QList<RefusedSave> &refused)
 {
-    rows.removeIf([&](const EditableAudioFile &row) {
-        return std::any_of(refused.begin(), refused.end(),
-                           [&](const RefusedSave &refusal) { return refusal.fileID == row.url; });
-    });
+    QSet<QUrl> left;
+    for (const RefusedSave &refusal : refused)
+        left.insert(refusal.fileID);
+    rows.removeIf([&left](const EditableAudioFile &row) { return left.contains(row.url); });
     return rows;
 }
 

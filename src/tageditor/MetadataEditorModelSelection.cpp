@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is shown for the selected rows.
 #include "tageditor/MetadataEditorModel.h"
-#include "tageditor/PendingEdits.h"
 
 #include <algorithm>
-#include <utility>
+#include <cstddef>
+#include <iterator>
 
 namespace tonearm {
 
@@ -12,17 +12,57 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What `valueOf` gives for the rows, if that is the same for all of them.
-template <typename ValueOf> CommonValue commonOf(const QList<EditableAudioFile> &rows, ValueOf valueOf)
+bool isSelected(const EditableAudioFile &row, const QSet<QUrl> &selection)
 {
-    if (rows.isEmpty())
-        return CommonValue::none();
-    const QString first = valueOf(rows.first());
-    const auto isAlike = [&](const EditableAudioFile &row) { return valueOf(row) == first; };
-    return std::all_of(rows.begin(), rows.end(), isAlike) ? CommonValue::value(first) : CommonValue::mixed();
+    return !row.unreadableReason && selection.contains(row.url);
+}
+
+QList<EditableAudioFile> rowsIn(const QList<EditableAudioFile> &rows, const QSet<QUrl> &selection)
+{
+    QList<EditableAudioFile> selected;
+    if (selection.isEmpty())
+        return selected;
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(selected),
+                 [&](const EditableAudioFile &row) { return isSelected(row, selection); });
+    return selected;
+}
+
+// Takes in one more value.
+void join(CommonValue &common, const QString &value)
+{
+    if (common.kind == CommonValue::Kind::none)
+        common = CommonValue::value(value);
+    else if (common.kind == CommonValue::Kind::value && common.text != value)
+        common = CommonValue::mixed();
 }
 
 } // namespace
+
+// Each row's edits are looked up once for all fields: this runs at every keystroke, with thousands of rows.
+MetadataEditorModel::SelectedTexts
+MetadataEditorModel::textsOf(const QList<EditableAudioFile> &rows,
+                             const QHash<QUrl, QMap<EditableTagField, QString>> &edits)
+{
+    SelectedTexts texts;
+    texts.fill({.shown = {}, .stored = {}, .isEditedEverywhere = !rows.isEmpty()});
+    for (const EditableAudioFile &row : rows) {
+        const auto rowEdits = edits.constFind(row.url);
+        for (const EditableTagField field : allEditableTagFields) {
+            SelectedText &text = texts.at(std::size_t(field));
+            const QString &stored = row.tags.value(field);
+            const bool isEdited = rowEdits != edits.constEnd() && rowEdits->contains(field);
+            join(text.stored, stored);
+            join(text.shown, isEdited ? *rowEdits->constFind(field) : stored);
+            text.isEditedEverywhere = text.isEditedEverywhere && isEdited;
+        }
+    }
+    return texts;
+}
+
+const MetadataEditorModel::SelectedText &MetadataEditorModel::selectedText(EditableTagField field) const
+{
+    return m_selectedTexts.from(selectedFiles(), changes.value().fieldEdits, textsOf).at(std::size_t(field));
+}
 
 void MetadataEditorModel::setSortOrder(const QList<RowComparator> &order)
 {
@@ -34,7 +74,7 @@ void MetadataEditorModel::setSelection(const QSet<QUrl> &newSelection)
 {
     QSet<QUrl> selectable;
     for (const EditableAudioFile &row : files.value())
-        if (!row.unreadableReason && newSelection.contains(row.url))
+        if (isSelected(row, newSelection))
             selectable.insert(row.url);
     if (selectable == selection.value())
         return;
@@ -44,13 +84,7 @@ void MetadataEditorModel::setSelection(const QSet<QUrl> &newSelection)
 
 QList<EditableAudioFile> MetadataEditorModel::selectedFiles() const
 {
-    const QList<EditableAudioFile> rows = files.value();
-    const QSet<QUrl> selected = selection.value();
-    QList<EditableAudioFile> result;
-    std::copy_if(rows.begin(), rows.end(), std::back_inserter(result), [&](const EditableAudioFile &row) {
-        return !row.unreadableReason && selected.contains(row.url);
-    });
-    return result;
+    return m_selectedFiles.from(files.value(), selection.value(), rowsIn);
 }
 
 QString MetadataEditorModel::selectionSummary() const
@@ -62,23 +96,30 @@ QString MetadataEditorModel::selectionSummary() const
 
 CommonValue MetadataEditorModel::commonValue(EditableTagField field) const
 {
-    const TagChangeSet pending = changes.value();
-    return commonOf(selectedFiles(),
-                    [&](const EditableAudioFile &row) { return pendingValue(row, field, pending); });
+    return selectedText(field).shown;
 }
 
 QString MetadataEditorModel::placeholder(EditableTagField field) const
 {
-    return commonValue(field) == CommonValue::mixed() ? u"-"_s : label(field);
+    return placeholderOf(field, commonValue(field));
+}
+
+QString placeholderOf(EditableTagField field, const CommonValue &common)
+{
+    return common == CommonValue::mixed() ? u"-"_s : label(field);
 }
 
 QStringList MetadataEditorModel::genreSuggestions() const
 {
     const QList<Genre> offered = m_services.genres.defaults();
+    QSet<QString> seen;
     QStringList suggestions;
     for (const EditableAudioFile &row : selectedFiles()) {
-        const QString genre = row.tags.genre;
-        if (!genre.isEmpty() && !offered.contains(Genre{genre}) && !suggestions.contains(genre))
+        const QString &genre = row.tags.genre;
+        if (genre.isEmpty() || seen.contains(genre))
+            continue;
+        seen.insert(genre);
+        if (!offered.contains(Genre{genre}))
             suggestions.append(genre);
     }
     return suggestions;
@@ -86,17 +127,10 @@ QStringList MetadataEditorModel::genreSuggestions() const
 
 QList<EditableTagField> MetadataEditorModel::overwrittenFields() const
 {
-    const QList<EditableAudioFile> rows = selectedFiles();
-    const TagChangeSet pending = changes.value();
     QList<EditableTagField> fields;
     for (const EditableTagField field : allEditableTagFields) {
-        const CommonValue stored =
-            commonOf(rows, [&](const EditableAudioFile &row) { return row.tags.value(field); });
-        const bool isEditedEverywhere =
-            std::all_of(rows.begin(), rows.end(), [&](const EditableAudioFile &row) {
-                return pending.fieldEdits.value(row.url).contains(field);
-            });
-        if (stored == CommonValue::mixed() && isEditedEverywhere)
+        const SelectedText &text = selectedText(field);
+        if (text.stored == CommonValue::mixed() && text.isEditedEverywhere)
             fields.append(field);
     }
     return fields;

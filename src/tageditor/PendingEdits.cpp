@@ -1,20 +1,39 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tageditor/PendingEdits.h"
 
-#include <algorithm>
-
 namespace tonearm {
 
 namespace {
 
+using FieldEdits = QMap<EditableTagField, QString>;
+
+// Null if the row has none.
+const FieldEdits *editsOf(const EditableAudioFile &row, const TagChangeSet &changes)
+{
+    const auto edits = changes.fieldEdits.constFind(row.url);
+    return edits == changes.fieldEdits.constEnd() ? nullptr : &*edits;
+}
+
 std::optional<QString> editOf(const EditableAudioFile &row, EditableTagField field,
                               const TagChangeSet &changes)
 {
-    const auto edits = changes.fieldEdits.constFind(row.url);
-    if (edits == changes.fieldEdits.constEnd())
+    const FieldEdits *edits = editsOf(row, changes);
+    if (!edits)
         return std::nullopt;
     const auto edit = edits->constFind(field);
     return edit == edits->constEnd() ? std::nullopt : std::optional(*edit);
+}
+
+// A stored tag isn't brought into its normal form: "01" typed over "01" is a change to "1".
+bool areTagsDirty(const EditableAudioFile &row, const TagChangeSet &changes)
+{
+    const FieldEdits *edits = editsOf(row, changes);
+    if (!edits)
+        return false;
+    for (auto edit = edits->constBegin(); edit != edits->constEnd(); ++edit)
+        if (normalForm(edit.key(), *edit) != row.tags.value(edit.key()))
+            return true;
+    return false;
 }
 
 bool holdsPicture(const EditableAudioFile &row, const TagChangeSet &changes)
@@ -81,17 +100,11 @@ bool isOverBudget(const std::optional<ArtworkFingerprint> &fingerprint, qint64 b
     return fingerprint && fingerprint->byteCount > budget;
 }
 
-// A stored tag isn't brought into its normal form: "01" typed over "01" is a change to "1".
 bool isDirty(const EditableAudioFile &row, const TagChangeSet &changes,
              const std::optional<ArtworkFingerprint> &fingerprint, qint64 budget)
 {
-    if (row.unreadableReason)
-        return false;
-    const auto differs = [&](EditableTagField field) {
-        return tableText(row, field, changes) != row.tags.value(field);
-    };
-    return std::any_of(allEditableTagFields.begin(), allEditableTagFields.end(), differs) ||
-           isArtworkDirty(row, changes, fingerprint, budget);
+    return !row.unreadableReason &&
+           (areTagsDirty(row, changes) || isArtworkDirty(row, changes, fingerprint, budget));
 }
 
 } // namespace tonearm

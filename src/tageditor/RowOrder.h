@@ -28,8 +28,12 @@ qint64 trackSortKey(const AudioFileTags &tags);
 /// By disc, position and file name.
 QList<RowComparator> defaultRowOrder();
 
+/// The order in which a key comes first and the earlier rules follow. Where it comes first already, it is
+/// turned round.
+QList<RowComparator> rowOrderLedBy(RowComparator::Key key, QList<RowComparator> earlier);
+
 /// The rows in an order, of which each rule counts where those in front of it find no difference. Texts are
 /// compared plainly, and rows that are alike stay as they were.
-QList<EditableAudioFile> sortedRows(QList<EditableAudioFile> rows, const QList<RowComparator> &order);
+QList<EditableAudioFile> sortedRows(const QList<EditableAudioFile> &rows, const QList<RowComparator> &order);
 
 } // namespace tonearm

@@ -18,34 +18,6 @@ namespace {
 
 struct KeyboardTest : ScriptedWindowTest
 {
-    static QString focusedName()
-    {
-        QWidget *focused = QApplication::focusWidget();
-        return focused ? accessibleNameOf(*focused) : QString();
-    }
-
-    // The names of the stops from the one that has the focus until it comes round to that again.
-    static QStringList stops(Qt::Key key)
-    {
-        constexpr qsizetype enough = 60;
-        QStringList names;
-        const QString first = focusedName();
-        do {
-            names.append(focusedName());
-            press(key);
-        } while (focusedName() != first && names.size() < enough);
-        return names;
-    }
-
-    void tabTo(const QString &name)
-    {
-        const QString start = focusedName();
-        while (focusedName() != name) {
-            press(Qt::Key_Tab);
-            ASSERT_NE(focusedName(), start) << "no way to " << name.toStdString();
-        }
-    }
-
     void waitForPanel()
     {
         ASSERT_TRUE(eventually([this] { return surroundings.panels().openCount() == 1; }));
@@ -65,7 +37,7 @@ QStringList reversedAfterFirst(QStringList names)
 
 TEST_F(KeyboardTest, StartsAtTheFirstControl)
 {
-    EXPECT_EQ(focusedName(), u"Select Input File…"_s);
+    EXPECT_EQ(ShownWindow::focusedName(), u"Select Input File…"_s);
 }
 
 TEST_F(KeyboardTest, GoesThroughAnEmptyWindowFromTopToBottomAndBack)
@@ -83,8 +55,8 @@ TEST_F(KeyboardTest, GoesThroughAnEmptyWindowFromTopToBottomAndBack)
                              u"Choose from the default genres"_s,
                              u"Cover art drop area"_s,
                              u"Use Chapter Titles"_s};
-    EXPECT_EQ(stops(Qt::Key_Tab), all);
-    EXPECT_EQ(stops(Qt::Key_Backtab), reversedAfterFirst(all));
+    EXPECT_EQ(ShownWindow::stops(Qt::Key_Tab), all);
+    EXPECT_EQ(ShownWindow::stops(Qt::Key_Backtab), reversedAfterFirst(all));
 }
 
 TEST_F(KeyboardTest, GoesThroughAFilledWindowFromTopToBottomAndBack)
@@ -112,8 +84,8 @@ TEST_F(KeyboardTest, GoesThroughAFilledWindowFromTopToBottomAndBack)
                              u"Encode to FLAC"_s,
                              u"Show in Finder"_s,
                              u"Clear"_s};
-    EXPECT_EQ(stops(Qt::Key_Tab), all);
-    EXPECT_EQ(stops(Qt::Key_Backtab), reversedAfterFirst(all));
+    EXPECT_EQ(ShownWindow::stops(Qt::Key_Tab), all);
+    EXPECT_EQ(ShownWindow::stops(Qt::Key_Backtab), reversedAfterFirst(all));
 }
 
 TEST_F(KeyboardTest, BringsTheBannersButtonFirst)
@@ -121,9 +93,9 @@ TEST_F(KeyboardTest, BringsTheBannersButtonFirst)
     ASSERT_TRUE(QFile::rename(tools.path(u"bin/ffmpeg"_s), tools.path(u"ffmpeg"_s)));
     model.checkFFmpeg();
     window.waitFor(u"Check Again"_s);
-    ASSERT_EQ(focusedName(), u"Select Input File…"_s);
+    ASSERT_EQ(ShownWindow::focusedName(), u"Select Input File…"_s);
     press(Qt::Key_Backtab);
-    EXPECT_EQ(focusedName(), u"Check Again"_s);
+    EXPECT_EQ(ShownWindow::focusedName(), u"Check Again"_s);
 }
 
 TEST_F(KeyboardTest, IsEnoughForAWholeJob)
@@ -134,7 +106,7 @@ TEST_F(KeyboardTest, IsEnoughForAWholeJob)
     ASSERT_NO_FATAL_FAILURE(waitForPanel());
     surroundings.panels().answer(source);
     window.waitFor(u"Song title for chapter 2"_s);
-    tabTo(u"Select Output Folder…"_s);
+    ShownWindow::tabTo(u"Select Output Folder…"_s);
     press(Qt::Key_Space);
     ASSERT_NO_FATAL_FAILURE(waitForPanel());
     surroundings.panels().answer(folder);
@@ -144,15 +116,15 @@ TEST_F(KeyboardTest, IsEnoughForAWholeJob)
                                      {u"Year"_s, u"1969"_s},
                                      {u"Song title for chapter 1"_s, u"Eins"_s},
                                      {u"Song title for chapter 2"_s, u"Zwei"_s}}) {
-        tabTo(name);
+        ShownWindow::tabTo(name);
         type(text);
     }
-    tabTo(u"Encode to FLAC"_s);
+    ShownWindow::tabTo(u"Encode to FLAC"_s);
     press(Qt::Key_Space);
     window.waitFor(u"Encoded 2 tracks to The Album"_s);
     EXPECT_EQ(namesIn(folder.toLocalFile() + u"/The Artist/The Album"_s).filter(u".flac"_s),
               (QStringList{u"01-Eins.flac"_s, u"02-Zwei.flac"_s}));
-    tabTo(u"Clear"_s);
+    ShownWindow::tabTo(u"Clear"_s);
     press(Qt::Key_Space);
     EXPECT_EQ(window.box(u"Artist"_s).text(), QString());
 }
@@ -163,7 +135,7 @@ TEST_F(KeyboardTest, HasShortcutsForTheStepsOfAJob)
     surroundings.findTools();
     holdEncoding();
     // They work from within a text box too.
-    tabTo(u"Artist"_s);
+    ShownWindow::tabTo(u"Artist"_s);
     press(Qt::Key_I, Qt::ControlModifier);
     ASSERT_NO_FATAL_FAILURE(waitForPanel());
     surroundings.panels().answer(source);
@@ -177,7 +149,7 @@ TEST_F(KeyboardTest, HasShortcutsForTheStepsOfAJob)
     press(Qt::Key_Period, Qt::ControlModifier);
     surroundings.waitForJobEnd();
     EXPECT_EQ(model.statusText(), u"Encoding cancelled."_s);
-    EXPECT_EQ(focusedName(), u"Artist"_s);
+    EXPECT_EQ(ShownWindow::focusedName(), u"Artist"_s);
     EXPECT_EQ(window.box(u"Artist"_s).text(), QString());
 }
 
@@ -194,13 +166,13 @@ TEST_F(KeyboardTest, StaysWithTheJob)
 {
     holdEncoding();
     surroundings.prepareJob(tools.source());
-    tabTo(u"Encode to FLAC"_s);
+    ShownWindow::tabTo(u"Encode to FLAC"_s);
     press(Qt::Key_Space);
     surroundings.waitForJobStart();
-    EXPECT_EQ(focusedName(), u"Cancel"_s);
+    EXPECT_EQ(ShownWindow::focusedName(), u"Cancel"_s);
     press(Qt::Key_Space);
     surroundings.waitForJobEnd();
-    EXPECT_EQ(focusedName(), u"Encode to FLAC"_s);
+    EXPECT_EQ(ShownWindow::focusedName(), u"Encode to FLAC"_s);
 }
 
 TEST_F(KeyboardTest, ScrollsToWhatHasTheFocus)
@@ -213,7 +185,8 @@ TEST_F(KeyboardTest, ScrollsToWhatHasTheFocus)
         press(Qt::Key_Tab);
         ShownWindow::settle();
         const QWidget *focused = QApplication::focusWidget();
-        EXPECT_EQ(focused->visibleRegion().boundingRect(), focused->rect()) << focusedName().toStdString();
+        EXPECT_EQ(focused->visibleRegion().boundingRect(), focused->rect())
+            << ShownWindow::focusedName().toStdString();
     }
 }
 

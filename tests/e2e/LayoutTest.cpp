@@ -3,7 +3,6 @@
 #include "e2e/ShownWindow.h"
 
 #include "app/screens/elements/Divider.h"
-#include "app/screens/elements/ElidedLabel.h"
 #include "app/screens/elements/SectionBox.h"
 #include "app/screens/mainwindow/ContentView.h"
 #include "helpers/Await.h"
@@ -43,29 +42,6 @@ struct LayoutTest : ScriptedWindowTest
         surroundings.runJob();
     }
 
-    // What is shown only in part.
-    QStringList clipped()
-    {
-        QStringList names;
-        for (QWidget *widget : window.window().findChildren<QWidget *>())
-            if (widget->isVisible() && isClipped(*widget))
-                names.append(accessibleNameOf(*widget));
-        return names;
-    }
-
-    static bool isClipped(const QWidget &widget)
-    {
-        const auto *label = qobject_cast<const QLabel *>(&widget);
-        if (!label && !qobject_cast<const QAbstractButton *>(&widget))
-            return false;
-        if (qobject_cast<const ElidedLabel *>(&widget))
-            return widget.height() < widget.minimumSizeHint().height();
-        if (label && label->wordWrap())
-            return widget.height() < widget.heightForWidth(widget.width());
-        return widget.width() < widget.minimumSizeHint().width() ||
-               widget.height() < widget.minimumSizeHint().height();
-    }
-
     QWidget &column() { return *window.window().findChild<ContentView *>()->widget(); }
 
     void expectNothingClippedAt(const QSize &size)
@@ -73,7 +49,7 @@ struct LayoutTest : ScriptedWindowTest
         window.window().resize(size);
         ShownWindow::settle();
         EXPECT_EQ(window.window().size(), size);
-        EXPECT_EQ(clipped(), QStringList());
+        EXPECT_EQ(window.clipped(), QStringList());
         EXPECT_EQ(column().width(), window.window().findChild<ContentView *>()->viewport()->width());
         EXPECT_GE(column().width(), column().minimumSizeHint().width());
     }

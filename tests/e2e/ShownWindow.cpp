@@ -8,86 +8,21 @@ namespace tonearm::test {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-[[noreturn]] void fail(const QString &what)
-{
-    throw std::runtime_error(what.toStdString());
-}
-
-} // namespace
-
-ShownWindow::ShownWindow(AppModel &model)
+MainWindowHolder::MainWindowHolder(AppModel &model)
     : m_genres(resourceFolder().value_or(QString()) + u"/Genres.json"_s)
     , m_window(model, m_genres)
 {
-    if (!showActive(m_window))
-        fail(u"the window didn't come up"_s);
+}
+
+ShownWindow::ShownWindow(AppModel &model)
+    : MainWindowHolder(model)
+    , WindowUser(m_window)
+{
 }
 
 QLineEdit &ShownWindow::titleBox(int chapter)
 {
     return box(u"Song title for chapter %1"_s.arg(chapter));
-}
-
-void ShownWindow::fillIn(const QString &boxName, const QString &text)
-{
-    click(box(boxName));
-    press(Qt::Key_A, Qt::ControlModifier);
-    type(text);
-}
-
-void ShownWindow::waitFor(const QString &name)
-{
-    constexpr int patienceMilliseconds = 60000;
-    if (!eventually([&] { return shows(name); }, patienceMilliseconds))
-        fail(u"\"%1\" never showed"_s.arg(name));
-}
-
-QList<QMessageBox *> ShownWindow::dialogs()
-{
-    QList<QMessageBox *> open;
-    for (auto *dialog : m_window.findChildren<QMessageBox *>())
-        if (dialog->isVisible())
-            open.append(dialog);
-    return open;
-}
-
-QMessageBox &ShownWindow::dialog()
-{
-    if (!eventually([this] { return dialogs().size() == 1 && dialogs().first()->isActiveWindow(); }))
-        fail(u"there are %1 dialogs"_s.arg(dialogs().size()));
-    return *dialogs().first();
-}
-
-QAbstractButton &ShownWindow::buttonIn(const QMessageBox &dialog, const QString &text)
-{
-    for (QAbstractButton *button : dialog.buttons())
-        if (accessibleNameOf(*button) == text)
-            return *button;
-    fail(u"the dialog has no \"%1\""_s.arg(text));
-}
-
-void ShownWindow::answer(const QString &buttonText)
-{
-    click(buttonIn(dialog(), buttonText));
-}
-
-void ShownWindow::waitUntilUndisturbed()
-{
-    if (!eventually([this] { return dialogs().isEmpty(); }))
-        fail(u"there are %1 dialogs"_s.arg(dialogs().size()));
-    // A window manager gives the focus back to the window by itself.
-    if (!showActive(m_window))
-        fail(u"the window didn't become active again"_s);
-}
-
-void ShownWindow::settle()
-{
-    // A layout that needs more or less room than before asks the one around it for that by an event.
-    constexpr int deepest = 10;
-    for (int level = 0; level < deepest; ++level)
-        QCoreApplication::processEvents();
 }
 
 ScriptedWindowTest::ScriptedWindowTest(const QList<ChapterMark> &chapters)

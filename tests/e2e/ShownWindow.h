@@ -4,22 +4,24 @@
 #include "app/screens/mainwindow/MainWindow.h"
 #include "helpers/ModelFixture.h"
 #include "helpers/ScriptedTools.h"
-#include "helpers/Widgets.h"
+#include "helpers/WindowUser.h"
 #include "workflow/records/GenreCatalog.h"
 
 #include <gtest/gtest.h>
 
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-
-#include <stdexcept>
-
 namespace tonearm::test {
 
-/// The main window over a model, shown and active, and a person's ways to it. What isn't there when it
-/// is asked for fails the test by an exception that says so.
-class ShownWindow
+// Is made before its user.
+struct MainWindowHolder
+{
+    explicit MainWindowHolder(AppModel &model);
+
+    GenreCatalog m_genres;
+    MainWindow m_window;
+};
+
+/// The main window over a model, shown and active.
+class ShownWindow : private MainWindowHolder, public WindowUser
 {
 public:
     /// The model must outlive it.
@@ -27,53 +29,7 @@ public:
 
     MainWindow &window() { return m_window; }
 
-    /// Whether something of that name is to be seen, scrolled away or not.
-    template <typename Type = QWidget> bool shows(const QString &name)
-    {
-        return !allNamed<Type>(m_window, name).isEmpty();
-    }
-
-    /// The one thing of that name.
-    template <typename Type = QWidget> Type &find(const QString &name)
-    {
-        Type *found = named<Type>(m_window, name);
-        if (!found)
-            throw std::runtime_error("there is no one \"" + name.toStdString() + "\" in the window");
-        return *found;
-    }
-
-    QPushButton &button(const QString &name) { return find<QPushButton>(name); }
-
-    QLineEdit &box(const QString &name) { return find<QLineEdit>(name); }
-
     QLineEdit &titleBox(int chapter);
-
-    /// Types a text in place of what is in a box.
-    void fillIn(const QString &boxName, const QString &text);
-
-    void waitFor(const QString &name);
-
-    /// The dialogs that are open.
-    QList<QMessageBox *> dialogs();
-
-    /// The one dialog that is open, once it is active.
-    QMessageBox &dialog();
-
-    /// A button of a dialog.
-    static QAbstractButton &buttonIn(const QMessageBox &dialog, const QString &text);
-
-    /// Clicks a button of the one dialog that is open.
-    void answer(const QString &buttonText);
-
-    /// Waits until the window is the active one, without a dialog.
-    void waitUntilUndisturbed();
-
-    /// Lets the layouts come to rest.
-    static void settle();
-
-private:
-    GenreCatalog m_genres;
-    MainWindow m_window;
 };
 
 /// For tests of the window by its model's values, without tools.

@@ -203,4 +203,22 @@ TEST_F(ArtworkWellTest, LeavesNoMenuBehind)
     EXPECT_TRUE(well.hasFocus());
 }
 
+TEST_F(ArtworkWellTest, IsOutOfReachWhileItIsDisabled)
+{
+    show({60, 60});
+    const QImage before = rendered(well);
+    well.setEnabled(false);
+    EXPECT_NE(rendered(well), before);
+    EXPECT_FALSE(drop(well, {QUrl(u"file:///a.png"_s)}));
+    EXPECT_FALSE(dragOver(well, {QUrl(u"file:///a.png"_s)}));
+    EXPECT_FALSE(well.isTargeted());
+}
+
+TEST_F(ArtworkWellTest, SaysWhatItWaitsFor)
+{
+    well.setContent({ArtworkWellContent::Loading{u"Reading…"_s}});
+    EXPECT_EQ(description(), u"Reading…"_s);
+    EXPECT_TRUE(isSpinning());
+}
+
 } // namespace tonearm

@@ -46,6 +46,8 @@ public:
 
     FakePanels &panels() { return m_panels; }
 
+    const GenreCatalog &genres() const { return m_genres; }
+
     const SongFolder &songs() const { return m_songs; }
 
     /// A place outside of the folder for songs.

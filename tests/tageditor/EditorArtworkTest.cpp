@@ -3,8 +3,8 @@
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/EditorFixture.h"
+#include "helpers/FFmpegStandIn.h"
 #include "helpers/Printing.h"
-#include "tageditor/FFmpegStandIn.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include "helpers/EditorFixture.h"
 #include "helpers/Mutagen.h"
 #include "helpers/Printing.h"
-#include "tageditor/FFmpegStandIn.h"
+#include "helpers/ToldFFmpeg.h"
 #include "tageditor/FilePath.h"
 
 #include <gtest/gtest.h>
@@ -21,8 +21,7 @@ using Field = EditableTagField;
 
 namespace {
 
-// Edits songs and saves them with an ffmpeg that can be told to wait or to fail for a file: by files named
-// "hold-<name>", "go-<name>" and "fail-<name>" beside it. It leaves "started-<name>".
+// Edits songs and saves them with an ffmpeg that can be told to wait or to fail for a file.
 class EditorSave : public testing::Test
 {
 protected:
@@ -44,32 +43,16 @@ protected:
         ASSERT_EQ(m_fixture.names(), names);
     }
 
-    // More identifiers than ffmpeg carries over.
-    void addIdentifiers(const QString &name)
-    {
-        test::python(R"(
-from mutagen.mp4 import MP4
-file = MP4(a[1])
-for number in range(30):
-    file['----:org.example.tagger:MusicBrainz Id %02d' % number] = b'value'
-file.save()
-)",
-                     {m_fixture.songs().path(name)});
-    }
-
     // A FLAC file, and an M4A file that can't keep its tags.
     void makeMixedSongs()
     {
         makeSongs({u"a.flac"_s, u"b.m4a"_s});
-        addIdentifiers(u"b.m4a"_s);
+        test::addIdentifiers(m_fixture.songs().path(u"b.m4a"_s));
         m_fixture.open();
         m_model.setValue(u"New"_s, Field::artist);
     }
 
-    void tell(const QString &what, const QString &name)
-    {
-        test::writeFile(m_tools.path(what + u'-' + name), "");
-    }
+    void tell(const QString &what, const QString &name) { m_tools.tell(what, name); }
 
     QString artistOf(const QString &name) { return m_fixture.songs().tags(name).artist; }
 
@@ -89,16 +72,7 @@ file.save()
         EXPECT_EQ(m_model.saveStatus.value(), std::nullopt);
     }
 
-    test::FFmpegStandIn m_tools{
-        "for file; do case \"$file\" in *.flac|*.m4a) name=$(basename \"$file\"); break;; esac; done\n"
-        "touch \"$here/started-$name\"\n"
-        "if [ -e \"$here/hold-$name\" ]; then\n"
-        "  while [ ! -e \"$here/go-$name\" ]; do sleep 0.01; done\nfi\n"
-        "if [ -e \"$here/fail-$name\" ]; then printf 'one\\ntwo\\n' >&2; exit 1; fi\n"
-        "if [ -e \"$here/strip-$name\" ]; then\n"
-        "  case \" $* \" in *' -t 1 '*) ;; *) set -- -v error -y -i \"$file\" -map_metadata -1 -c copy \"$output\";;"
-        " esac\nfi\n"
-        "exec \"$ffmpeg\" \"$@\""};
+    test::ToldFFmpeg m_tools;
     EditorFixture m_fixture{m_tools.location()};
     MetadataEditorModel &m_model = m_fixture.model();
     QStringList m_statuses;
@@ -242,7 +216,7 @@ TEST_F(EditorSave, WritesARefusedFileAnyway)
 TEST_F(EditorSave, EndsIfNothingButRefusedFilesWasToBeWritten)
 {
     makeSongs({u"a.m4a"_s});
-    addIdentifiers(u"a.m4a"_s);
+    test::addIdentifiers(m_fixture.songs().path(u"a.m4a"_s));
     m_fixture.open();
     m_model.setValue(u"New"_s, Field::artist);
     m_fixture.save();

@@ -2,10 +2,10 @@
 // Saves with an ffmpeg that does something else: the song stays as it was, to the byte.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/FFmpegStandIn.h"
 #include "helpers/Printing.h"
 #include "helpers/SongFolder.h"
 #include "support/Cancellation.h"
-#include "tageditor/FFmpegStandIn.h"
 #include "tageditor/Writes.h"
 
 #include <gmock/gmock.h>

@@ -2,9 +2,9 @@
 // The look at what a save would lose, on a copy of one second.
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
+#include "helpers/FFmpegStandIn.h"
 #include "helpers/Printing.h"
 #include "helpers/SongFolder.h"
-#include "tageditor/FFmpegStandIn.h"
 #include "tageditor/Writes.h"
 
 #include <gtest/gtest.h>

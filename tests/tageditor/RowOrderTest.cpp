@@ -108,4 +108,22 @@ TEST(RowOrder, GoesByEachText)
             << label(field.value()).toStdString();
 }
 
+TEST(RowOrder, IsLedByAKeyBeforeItsEarlierRules)
+{
+    EXPECT_EQ(
+        rowOrderLedBy(Key::artist, defaultRowOrder()),
+        QList<RowComparator>({{Key::artist}, {Key::discNumber}, {Key::trackPosition}, {Key::fileName}}));
+    EXPECT_EQ(rowOrderLedBy(Key::fileName, {{Key::artist}, {Key::fileName, Qt::DescendingOrder}}),
+              QList<RowComparator>({{Key::fileName}, {Key::artist}}));
+    EXPECT_EQ(rowOrderLedBy(Key::year, {}), QList<RowComparator>{{Key::year}});
+}
+
+TEST(RowOrder, IsTurnedRoundByTheKeyThatLeadsItAlready)
+{
+    const QList<RowComparator> turned = rowOrderLedBy(Key::discNumber, defaultRowOrder());
+    EXPECT_EQ(turned, QList<RowComparator>(
+                          {{Key::discNumber, Qt::DescendingOrder}, {Key::trackPosition}, {Key::fileName}}));
+    EXPECT_EQ(rowOrderLedBy(Key::discNumber, turned), defaultRowOrder());
+}
+
 } // namespace tonearm

@@ -21,6 +21,7 @@ constexpr int noteInset = 8;
 constexpr int iconSide = 24;
 constexpr int gap = 4;
 constexpr double opacityBelowSpinner = 0.25;
+constexpr double opacityWhileDisabled = 0.5;
 
 // A smooth picture of `size` pixels. Most of the reduction skips pixels, so that even a large picture is
 // ready between two frames.
@@ -63,6 +64,8 @@ bool ArtworkWell::isWaiting() const
 
 QString ArtworkWell::contentDescription() const
 {
+    if (const auto *loading = std::get_if<ArtworkWellContent::Loading>(&m_content.value))
+        return loading->description;
     if (isWaiting())
         return u"Fetching…"_s;
     if (const auto *empty = std::get_if<ArtworkWellContent::Empty>(&m_content.value))
@@ -96,6 +99,8 @@ void ArtworkWell::paintPicture(QPainter &painter, const ArtworkWellContent::Imag
         m_painted = thumbnail(image.picture, pixels);
     if (image.isBeingReplaced)
         painter.setOpacity(opacityBelowSpinner);
+    else if (!isEnabled())
+        painter.setOpacity(opacityWhileDisabled);
     painter.drawImage(place, m_painted);
 }
 
@@ -108,9 +113,10 @@ void ArtworkWell::paintNote(QPainter &painter, const QString &text, bool isWarni
     const int height = iconSide + gap + needed.height();
     const int top = area.top() + (area.height() - height) / 2;
     const QRect iconPlace(area.center().x() - iconSide / 2, top, iconSide, iconSide);
+    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     paintIcon(painter, iconPlace, isWarning ? IconName::warning : IconName::picture,
-              toneColour(isWarning ? Tone::warning : Tone::secondary, palette()));
-    painter.setPen(toneColour(Tone::secondary, palette()));
+              toneColour(isWarning ? Tone::warning : Tone::secondary, palette(), group));
+    painter.setPen(toneColour(Tone::secondary, palette(), group));
     painter.drawText(QRect(area.left(), top + iconSide + gap, area.width(), needed.height()), flags, text);
 }
 

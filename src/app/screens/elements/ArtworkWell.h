@@ -39,6 +39,8 @@ struct ArtworkWellContent
 
     struct Loading
     {
+        /// For those who can't see that something turns.
+        QString description = QStringLiteral("Fetching…");
         bool operator==(const Loading &) const = default;
     };
 

@@ -27,6 +27,8 @@ constexpr QSize roomBeside(20, 20 + 44);
 constexpr double largestShareOfScreen = 0.9;
 constexpr int sideWhereUnknown = 600;
 constexpr int summaryPadding = 10;
+// What a file tells of its picture may be nonsense; far beyond any picture that can be decoded.
+constexpr qint64 largestSide = 100'000;
 
 } // namespace
 
@@ -58,6 +60,14 @@ protected:
 private:
     QImage m_picture;
 };
+
+std::optional<QSize> uprightSize(const QImage &picture, qint64 pixelWidth, qint64 pixelHeight)
+{
+    const qint64 longest = std::min<qint64>(std::max(pixelWidth, pixelHeight), largestSide);
+    if (longest <= 0)
+        return std::nullopt;
+    return picture.size().scaled(int(longest), int(longest), Qt::KeepAspectRatio).expandedTo({1, 1});
+}
 
 QRect fittedFrame(const QSize &picture, const QRect &frame, const QSize &margins,
                   const std::optional<QRect> &screen)

@@ -33,6 +33,10 @@ struct ArtworkPlaceholder
     QString text;
 };
 
+/// The size in which a picture is to be seen whose file tells these measures, and may
+/// hold it on its side; nothing where they aren't known.
+std::optional<QSize> uprightSize(const QImage &picture, qint64 pixelWidth, qint64 pixelHeight);
+
 /// Where a viewer's window goes to fit a picture: its top edge stays, and no part of it leaves the screen.
 /// `frame` is the window as it is, `margins` how much of that is the desktop's frame, `screen` what the
 /// screen has free, if known.

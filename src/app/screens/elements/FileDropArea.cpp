@@ -41,7 +41,8 @@ FileDropArea::FileDropArea(const QString &accessibleName, OnDrop onDrop, QWidget
 
 void FileDropArea::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!firstFile(event->mimeData()))
+    // Unlike a click, a drag reaches what is disabled.
+    if (!isEnabled() || !firstFile(event->mimeData()))
         return event->ignore();
     event->acceptProposedAction();
     setTargeted(true);
@@ -56,7 +57,7 @@ void FileDropArea::dropEvent(QDropEvent *event)
 {
     setTargeted(false);
     const std::optional<QUrl> file = firstFile(event->mimeData());
-    if (!file || !m_onDrop(*file))
+    if (!isEnabled() || !file || !m_onDrop(*file))
         return event->ignore();
     // Never a move, after which some programs delete the file.
     event->setDropAction(Qt::CopyAction);

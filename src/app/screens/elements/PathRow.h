@@ -8,9 +8,10 @@
 #include <optional>
 
 class QHBoxLayout;
-class QLineEdit;
 
 namespace tonearm {
+
+class SelectablePath;
 
 /// A label and a path beside it, which the user can mark and copy. A long path doesn't widen the
 /// window: it is shortened, and scrolls in its place while it has the focus.
@@ -27,15 +28,9 @@ public:
     /// Without a path the row says that nothing is selected.
     void setPath(const std::optional<QString> &path);
 
-protected:
-    void changeEvent(QEvent *event) override;
-
 private:
-    void updateColours();
-
     QHBoxLayout *m_row;
-    QLineEdit *m_path;
-    bool m_isSet = false;
+    SelectablePath *m_path;
 };
 
 } // namespace tonearm

@@ -2,10 +2,13 @@
 #include "app/screens/elements/Question.h"
 
 #include "app/screens/elements/Icons.h"
+#include "app/screens/elements/Mnemonic.h"
 #include "app/screens/elements/TextStyle.h"
 
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
+#include <QScrollArea>
 
 #include <utility>
 
@@ -17,20 +20,42 @@ namespace {
 
 constexpr int iconSide = 32;
 constexpr int widestButton = 360;
+constexpr int mostLines = 16;
+constexpr int leastScrolledWidth = 440;
 
 // Names of files stand in these texts. None of them is markup, marks a key or may widen the dialog.
 QPushButton *addButton(QMessageBox *box, const QString &text, QMessageBox::ButtonRole role)
 {
-    QString shown = box->fontMetrics().elidedText(text, Qt::ElideMiddle, widestButton);
-    QPushButton *button = box->addButton(shown.replace(u'&', u"&&"_s), role);
+    const QString shown = box->fontMetrics().elidedText(text, Qt::ElideMiddle, widestButton);
+    QPushButton *button = box->addButton(withoutMnemonic(shown), role);
     button->setAccessibleName(text);
     return button;
+}
+
+// The buttons have to stay on the screen, however many files or tags there are to tell of.
+void letScroll(QMessageBox *box, QLabel *message)
+{
+    QLayout *layout = box->layout();
+    auto *area = new QScrollArea(box);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setAccessibleName(box->text());
+    delete layout->replaceWidget(message, area);
+    message->setWordWrap(true);
+    message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    area->setWidget(message);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setMinimumSize(leastScrolledWidth, mostLines * message->fontMetrics().lineSpacing());
 }
 
 void addTexts(QMessageBox *box, const QuestionWords &words)
 {
     box->setText(words.title);
     box->setInformativeText(words.message);
+    // Qt's name for the label with the message.
+    auto *message = box->findChild<QLabel *>(u"qt_msgbox_informativelabel"_s);
+    if (message && words.message.count(u'\n') >= mostLines)
+        letScroll(box, message);
     for (QLabel *label : box->findChildren<QLabel *>())
         label->setTextFormat(Qt::PlainText);
     // Qt's name for the label with the text.

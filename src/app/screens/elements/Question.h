@@ -14,7 +14,7 @@
 
 namespace tonearm {
 
-/// What a dialog says.
+/// What a dialog says. A message of many lines scrolls.
 struct QuestionWords
 {
     QString title;
@@ -32,28 +32,38 @@ QMessageBox *openQuestion(QWidget *window, const QuestionWords &words, std::func
 /// Takes a dialog away without an answer.
 void dismiss(QMessageBox *question);
 
-/// Keeps a dialog open for as long as a model's field holds something to ask: it opens when the field
-/// becomes present or something else, and closes when it becomes absent. An answer that declines sets
-/// the field to absent.
+/// Keeps a dialog open for as long as there is something to ask: it opens when the getter gives something,
+/// or something else, and closes when that is nothing any more. `answered` is told as by openQuestion().
+template <typename Getter>
+void askWhilePresent(
+    QWidget *window, Getter pending,
+    std::function<QuestionWords(const typename detail::BoundValue<Getter>::value_type &)> words,
+    std::function<void(bool)> answered)
+{
+    using Pending = detail::BoundValue<Getter>;
+    const auto open = std::make_shared<QPointer<QMessageBox>>();
+    bind(window, std::move(pending),
+         [window, open, words = std::move(words), answered = std::move(answered)](const Pending &asked) {
+             if (QMessageBox *earlier = open->data())
+                 dismiss(earlier);
+             if (asked)
+                 *open = openQuestion(window, words(*asked), answered);
+         });
+}
+
+/// The same for a model's field. An answer that declines sets it to absent.
 template <typename Pending>
 void askWhilePending(QWidget *window, QProperty<std::optional<Pending>> &field,
                      std::function<QuestionWords(const Pending &)> words, std::function<void()> accept)
 {
-    const auto open = std::make_shared<QPointer<QMessageBox>>();
     const auto answered = [&field, accept = std::move(accept)](bool accepted) {
         if (accepted)
             accept();
         else
             field = std::nullopt;
     };
-    bind(
-        window, [&field] { return field.value(); },
-        [window, open, words = std::move(words), answered](const std::optional<Pending> &pending) {
-            if (QMessageBox *earlier = open->data())
-                dismiss(earlier);
-            if (pending)
-                *open = openQuestion(window, words(*pending), answered);
-        });
+    askWhilePresent(
+        window, [&field] { return field.value(); }, std::move(words), answered);
 }
 
 } // namespace tonearm

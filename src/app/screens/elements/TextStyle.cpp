@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/elements/TextStyle.h"
 
-#include "app/screens/elements/Colours.h"
-
 #include <QApplication>
 #include <QEvent>
 #include <QFontInfo>
 #include <QLabel>
+
+#include <optional>
 
 namespace tonearm {
 
@@ -27,6 +27,7 @@ double relativeSize(TextStyle style)
     case TextStyle::small:
     case TextStyle::smallSecondary:
         return smallSize;
+    case TextStyle::body:
     case TextStyle::emphasised:
     case TextStyle::secondary:
         return 1;
@@ -34,10 +35,12 @@ double relativeSize(TextStyle style)
     Q_UNREACHABLE();
 }
 
-bool isSecondary(TextStyle style)
+// Nothing where a style leaves the colour as it is.
+std::optional<Tone> toneOf(TextStyle style)
 {
-    return style == TextStyle::secondary || style == TextStyle::calloutSecondary ||
-           style == TextStyle::smallSecondary;
+    const bool isSecondary = style == TextStyle::secondary || style == TextStyle::calloutSecondary ||
+                             style == TextStyle::smallSecondary;
+    return isSecondary ? std::optional(Tone::secondary) : std::nullopt;
 }
 
 // A font may be sized in pixels, and then has no size in points of its own.
@@ -62,10 +65,11 @@ QFont styledFont(TextStyle style, const QFont &around)
 class StyleKeeper final : public QObject
 {
 public:
-    StyleKeeper(QLabel *label, TextStyle style)
+    StyleKeeper(QLabel *label, TextStyle style, std::optional<Tone> tone)
         : QObject(label)
         , m_label(label)
         , m_style(style)
+        , m_tone(tone)
     {
         label->installEventFilter(this);
         listenToParent();
@@ -103,20 +107,21 @@ private:
     {
         const QWidget *parent = m_label->parentWidget();
         m_label->setFont(styledFont(m_style, parent ? parent->font() : QApplication::font()));
-        if (isSecondary(m_style))
-            applySecondaryColour(parent ? parent->palette() : QApplication::palette());
+        if (m_tone)
+            applyColour(*m_tone, parent ? parent->palette() : QApplication::palette());
     }
 
-    void applySecondaryColour(const QPalette &around)
+    void applyColour(Tone tone, const QPalette &around)
     {
         QPalette palette;
         for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-            palette.setColor(group, QPalette::WindowText, toneColour(Tone::secondary, around, group));
+            palette.setColor(group, QPalette::WindowText, toneColour(tone, around, group));
         m_label->setPalette(palette);
     }
 
     QLabel *m_label;
     TextStyle m_style;
+    std::optional<Tone> m_tone;
 };
 
 } // namespace
@@ -128,7 +133,12 @@ QFont fontOf(TextStyle style, const QFont &around)
 
 void applyTextStyle(QLabel *label, TextStyle style)
 {
-    new StyleKeeper(label, style);
+    new StyleKeeper(label, style, toneOf(style));
+}
+
+void applyTextStyle(QLabel *label, TextStyle style, Tone tone)
+{
+    new StyleKeeper(label, style, tone);
 }
 
 } // namespace tonearm

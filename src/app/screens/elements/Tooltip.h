@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QWidget>
 
 namespace tonearm {
 
@@ -9,6 +10,14 @@ namespace tonearm {
 inline QString plainTooltip(const QString &text)
 {
     return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
+}
+
+/// Gives a control a tooltip of some length, which is wrapped. Assistive tools are told the text without
+/// what wraps it.
+inline void setLongTooltip(QWidget *widget, const QString &text)
+{
+    widget->setToolTip(plainTooltip(text));
+    widget->setAccessibleDescription(text);
 }
 
 } // namespace tonearm

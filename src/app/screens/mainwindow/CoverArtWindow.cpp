@@ -4,8 +4,6 @@
 #include "app/screens/elements/Bind.h"
 #include "workflow/AppModel.h"
 
-#include <algorithm>
-
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -19,9 +17,7 @@ std::optional<ViewedArtwork> viewedArtwork(const AppModel &model)
         return std::nullopt;
     ViewedArtwork viewed{*preview};
     const PreparedCoverArt art = model.coverArt.value().value_or(PreparedCoverArt());
-    // The picture may lie on its side in its file.
-    if (const int longest = std::max(art.pixelWidth, art.pixelHeight); longest > 0)
-        viewed.size = preview->size().scaled(longest, longest, Qt::KeepAspectRatio);
+    viewed.size = uprightSize(*preview, art.pixelWidth, art.pixelHeight);
     viewed.summary = model.coverArtCaption().value_or(QString());
     return viewed;
 }

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/mainwindow/GenreField.h"
 
-#include "app/screens/elements/Icons.h"
+#include "app/screens/elements/MenuButton.h"
 #include "app/screens/elements/ModelTextBox.h"
 #include "workflow/AppModel.h"
 #include "workflow/records/GenreCatalog.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QMenu>
-#include <QToolButton>
 
 namespace tonearm {
 
@@ -18,7 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int boxWidth = 220;
-constexpr int menuWidth = 32;
 
 } // namespace
 
@@ -37,42 +34,21 @@ GenreField::GenreField(AppModel &model, const GenreCatalog &genres, QWidget *par
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(4);
     row->addWidget(m_box);
-    row->addWidget(makeMenuButton());
+    row->addWidget(new MenuButton(
+        u"Choose from the default genres"_s, u"Default genres"_s, [this](QMenu &menu) { fillMenu(menu); },
+        this));
     row->addStretch(1);
 }
 
-QWidget *GenreField::makeMenuButton()
+void GenreField::fillMenu(QMenu &menu)
 {
-    auto *menu = new QMenu(this);
-    menu->setAccessibleName(u"Default genres"_s);
-    // Assistive tools pick an entry without going through the menu, which would stay open.
-    connect(menu, &QMenu::triggered, menu, &QWidget::close);
-    auto *button = new QToolButton(this);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::StrongFocus);
-    button->setFixedWidth(menuWidth);
-    button->setIcon(icon(IconName::list));
-    button->setToolTip(u"Choose from the default genres"_s);
-    button->setAccessibleName(u"Choose from the default genres"_s);
-    // Not the button's own menu: that one would hold up whoever pressed the button until it closes.
-    connect(button, &QToolButton::clicked, this, [this, menu, button] {
-        fillMenu(menu);
-        menu->popup(button->mapToGlobal(QPoint(0, button->height())));
-    });
-    return button;
-}
-
-void GenreField::fillMenu(QMenu *menu)
-{
-    menu->clear();
     if (!m_model.genre.value().isEmpty()) {
-        menu->addAction(u"Clear"_s, this, [this] { m_model.genre = QString(); });
-        menu->addSeparator();
+        menu.addAction(u"Clear"_s, this, [this] { m_model.genre = QString(); });
+        menu.addSeparator();
     }
-    for (const Genre &genre : m_genres.defaults()) {
-        QAction *entry = menu->addAction(QString(genre.name).replace(u'&', u"&&"_s));
-        connect(entry, &QAction::triggered, this, [this, name = genre.name] { m_model.genre = name; });
-    }
+    for (const Genre &genre : m_genres.defaults())
+        connect(addPlainEntry(menu, genre.name), &QAction::triggered, this,
+                [this, name = genre.name] { m_model.genre = name; });
 }
 
 } // namespace tonearm

@@ -22,8 +22,7 @@ public:
     QLineEdit *box() const { return m_box; }
 
 private:
-    QWidget *makeMenuButton();
-    void fillMenu(QMenu *menu);
+    void fillMenu(QMenu &menu);
 
     AppModel &m_model;
     const GenreCatalog &m_genres;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tageditor/FFmpegStandIn.h"
+#include "helpers/FFmpegStandIn.h"
 
 #include "helpers/SongFolder.h"
 

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/editorwindow/SaveBarState.h"
+
+#include "tageditor/MetadataEditorModel.h"
+
+#include <algorithm>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Kind = SaveBarState::Kind;
+
+qsizetype dirtyCount(const MetadataEditorModel &model)
+{
+    const QList<EditableAudioFile> rows = model.files.value();
+    return std::count_if(rows.begin(), rows.end(),
+                         [&model](const EditableAudioFile &row) { return model.isDirty(row); });
+}
+
+} // namespace
+
+SaveBarState saveBarState(const MetadataEditorModel &model)
+{
+    if (model.isSaving.value())
+        return {Kind::saving};
+    if (const std::optional<QString> message = model.completionMessage.value()) {
+        const bool hasFailures = !model.saveFailures.value().isEmpty();
+        return {hasFailures ? Kind::completedWithFailures : Kind::completed, *message};
+    }
+    const qsizetype count = dirtyCount(model);
+    if (count == 0)
+        return {};
+    return {Kind::pending,
+            count == 1 ? u"1 file will be written."_s : u"%1 files will be written."_s.arg(count)};
+}
+
+} // namespace tonearm
