@@ -40,7 +40,7 @@ SaveBar::SaveBar(MetadataEditorModel &model, const QList<QWidget *> &editing, QW
     , m_save(new ProminentButton(u"Save"_s, this))
 {
     makeAnnouncer(m_completion);
-    applyTextStyle(m_pending, TextStyle::secondary);
+    applyTextStyle(m_pending, TextStyle::calloutSecondary);
     connect(m_cancel, &QPushButton::clicked, this, &SaveBar::cancelled);
     connect(m_save, &QPushButton::clicked, this, [&model] { model.save(); });
 
@@ -68,7 +68,7 @@ QWidget *SaveBar::makeProgress()
     auto *bar = makeProgressBar(
         barWidth, u"Saving progress"_s, [this] { return m_model.saveProgress.value(); }, progress);
     auto *status = new ElidedLabel(Qt::ElideMiddle, progress);
-    applyTextStyle(status, TextStyle::secondary);
+    applyTextStyle(status, TextStyle::calloutSecondary);
     bind(
         status, [this] { return m_model.saveStatus.value().value_or(QString()); }, &QLabel::setText);
     m_stop = new QPushButton(u"Stop Saving"_s, progress);
