@@ -10,7 +10,8 @@ int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     const QTemporaryDir folder;
-    tonearm::TonearmApp app(folder.filePath(QStringLiteral("settings.json")), tonearm::resourceFolder());
+    tonearm::TonearmApp app(folder.filePath(QStringLiteral("settings.json")),
+                            folder.filePath(QStringLiteral("windows.json")), tonearm::resourceFolder());
     app.openMainWindow();
     return tonearm::reportFirstFrame();
 }

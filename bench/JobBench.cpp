@@ -116,7 +116,7 @@ int main(int argc, char **argv)
         SettingsStore store(settingsFile);
         AppSettings(store).setOrganizeIntoArtistAlbumFolders(false);
     }
-    TonearmApp app(settingsFile, resourceFolder());
+    TonearmApp app(settingsFile, folder.filePath(u"windows.json"_s), resourceFolder());
     AppModel &model = app.model();
     model.outputFolderURL = QUrl::fromLocalFile(folder.filePath(u"job"_s));
     model.checkFFmpeg();

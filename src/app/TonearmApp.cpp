@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDesktopServices>
 #include <QDir>
 #include <QGuiApplication>
 #include <QStandardPaths>
@@ -18,6 +19,8 @@ namespace tonearm {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr QLatin1StringView helpPage("https://tonearm.example/help");
 
 // It lies beside this program.
 QUrl volumeProgram()
@@ -32,8 +35,8 @@ QString volumeFolder()
 
 } // namespace
 
-TonearmApp::TonearmApp(const QString &settingsFile, const std::optional<QString> &resourceFolder,
-                       const ServiceAddresses &addresses)
+TonearmApp::TonearmApp(const QString &settingsFile, const QString &sizesFile,
+                       const std::optional<QString> &resourceFolder, const ServiceAddresses &addresses)
     : m_settingsStore(settingsFile)
     , m_settings(m_settingsStore)
     , m_genres(resourceFolder.value_or(QString()) + u"/Genres.json"_s)
@@ -46,15 +49,24 @@ TonearmApp::TonearmApp(const QString &settingsFile, const std::optional<QString>
     , m_secureRipper(ToolLocation(resourceFolder), QDir::tempPath())
     , m_drives(QDBusConnection::systemBus(), volumeProgram(), volumeFolder())
     , m_model(m_settings, services(ToolLocation(resourceFolder)))
+    , m_windowSizes(sizesFile)
     , m_mainWindow(m_model, m_genres)
 {
+    followWindow();
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_connections,
                      [this](Qt::ApplicationState state) {
                          if (state == Qt::ApplicationActive)
                              checkTools();
                      });
+}
+
+void TonearmApp::followWindow()
+{
+    m_windowSizes.follow(m_mainWindow, u"main"_s);
     QObject::connect(&m_mainWindow, &MainWindow::coverArtRequested, &m_connections,
                      [this] { m_coverArtWindow.open(m_model); });
+    QObject::connect(&m_mainWindow, &MainWindow::helpRequested, &m_connections,
+                     [] { QDesktopServices::openUrl(QUrl(helpPage)); });
 }
 
 AppModel::Services TonearmApp::services(const ToolLocation &tools)

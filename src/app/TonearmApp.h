@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/screens/elements/SingleWindow.h"
+#include "app/screens/elements/WindowSizes.h"
 #include "app/screens/mainwindow/CoverArtWindow.h"
 #include "app/screens/mainwindow/MainWindow.h"
 #include "app/settings/AppSettings.h"
@@ -33,11 +34,11 @@ namespace tonearm {
 class TonearmApp
 {
 public:
-    /// `settingsFile` is where the settings are kept; `resourceFolder` is absent for a program that has
-    /// lost its resources, which then says so in its window. Needs a QApplication.
-    /// `addresses` are those of the online services.
-    TonearmApp(const QString &settingsFile, const std::optional<QString> &resourceFolder,
-               const ServiceAddresses &addresses = {});
+    /// `settingsFile` is where the settings are kept, `sizesFile` the sizes of the windows; `resourceFolder`
+    /// is absent for a program that has lost its resources, which then says so in its window. Needs a
+    /// QApplication. `addresses` are those of the online services.
+    TonearmApp(const QString &settingsFile, const QString &sizesFile,
+               const std::optional<QString> &resourceFolder, const ServiceAddresses &addresses = {});
 
     /// Shows the main window and starts what belongs to its opening.
     void openMainWindow();
@@ -48,6 +49,7 @@ public:
 
 private:
     AppModel::Services services(const ToolLocation &tools);
+    void followWindow();
     void checkTools();
     void watchDiscs();
 
@@ -66,6 +68,7 @@ private:
     ParanoiaRippingService m_secureRipper;
     OpticalDrives m_drives;
     AppModel m_model;
+    WindowSizes m_windowSizes;
     MainWindow m_mainWindow;
     SingleWindow<CoverArtWindow> m_coverArtWindow;
     // Absent where the mounts of the system can't be watched.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TonearmApp.h"
 #include "support/ResourceFolder.h"
+#include "support/StateFolder.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -38,7 +39,8 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
 
     const QString configuration = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-    tonearm::TonearmApp app(configuration + u"/settings.json"_s, tonearm::resourceFolder());
+    tonearm::TonearmApp app(configuration + u"/settings.json"_s,
+                            tonearm::stateFolder() + u"/tonearm/windows.json"_s, tonearm::resourceFolder());
     app.openMainWindow();
     return QApplication::exec();
 }

@@ -41,6 +41,7 @@ AppModel::AppModel(AppSettings &settings, Services services)
     : outputFolderURL(settings.defaultOutputDirectory())
     , m_settings(settings)
     , m_services(std::move(services))
+    , m_onLogChange(lastLogURL.addNotifier([this] { followLog(); }))
 {
 }
 

@@ -16,6 +16,7 @@
 #include "encoding/EncodingProgress.h"
 #include "metadata/CoverArtService.h"
 #include "metadata/MetadataSearchService.h"
+#include "support/FilePresence.h"
 #include "support/TaskScope.h"
 #include "tools/CDParanoiaInstallation.h"
 #include "tools/ProcessRunner.h"
@@ -205,8 +206,8 @@ public:
     /// Set when the cover is larger than the size limit of the settings.
     std::optional<QString> coverArtWarning() const;
     bool canRevealOutput() const;
-    /// Whether the last job's log is still there. Looks at the file, so a binding doesn't notice when
-    /// it goes.
+    /// Whether the last job's log is still there, as far as is known: it is watched, and lookForLog
+    /// makes sure.
     bool hasLogFile() const;
     QString clearButtonTitle() const;
     /// Whether the user has agreed to stop the job and close, and the job has ended.
@@ -276,6 +277,8 @@ public:
     void startEncoding();
     void confirmOverwrite();
     void cancelEncoding();
+    /// Has hasLogFile checked in the background. For the moment before the user is shown it.
+    void lookForLog();
     /// Shows the log in the file viewer, or without one the output.
     void revealLog();
     void revealOutput();
@@ -330,6 +333,7 @@ private:
     QCoro::Task<std::shared_ptr<JobCoverArt>> prepareJob(std::shared_ptr<EncodingJob> job);
     QCoro::Task<> encodeChapters(std::shared_ptr<EncodingJob> job, std::stop_token stop);
     QCoro::Task<> writeLog(std::shared_ptr<EncodingJob> job, std::exception_ptr error, bool wasCancelled);
+    void followLog();
     void publish(const EncodingProgress &progress);
     void completeJob(const EncodingJob &job);
     void showCancelledJob(const EncodingJob &job);
@@ -362,6 +366,8 @@ private:
     // Receives what other threads post to the model.
     QObject m_context;
     QProperty<bool> m_isClosing;
+    FilePresence m_log;
+    QPropertyNotifier m_onLogChange;
     // Counts what the user has chosen or cleared, so that a file prepared for an earlier choice is told.
     int m_coverArtChoice = 0;
     // A second press meanwhile changes nothing.

@@ -36,16 +36,36 @@ bool AppModel::canRevealOutput() const
 
 bool AppModel::hasLogFile() const
 {
+    return lastLogURL.value() && m_log.isThere();
+}
+
+void AppModel::followLog()
+{
     const std::optional<QUrl> log = lastLogURL.value();
-    return log && isThere(*log);
+    m_log.follow(log ? std::optional(log->toLocalFile()) : std::nullopt);
+}
+
+void AppModel::lookForLog()
+{
+    m_log.look();
 }
 
 void AppModel::revealLog()
 {
-    if (hasLogFile())
-        m_services.fileViewer.select({*lastLogURL.value()});
-    else
+    const std::optional<QUrl> log = lastLogURL.value();
+    if (!log) {
         revealOutput();
+        return;
+    }
+    m_tasks.start([this, log = *log](std::stop_token stop) -> QCoro::Task<> {
+        const auto look = [log] { return isThere(log); };
+        const bool isStillThere = co_await inBackground(look);
+        throwIfCancelled(stop);
+        if (isStillThere)
+            m_services.fileViewer.select({log});
+        else
+            revealOutput();
+    });
 }
 
 void AppModel::revealOutput()

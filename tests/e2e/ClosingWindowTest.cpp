@@ -6,6 +6,8 @@
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
 
+#include <QCloseEvent>
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -45,10 +47,54 @@ TEST_F(ClosingWindowTest, NeedsNoQuestionWithoutAJob)
     EXPECT_FALSE(isOpen());
 }
 
-TEST_F(ClosingWindowTest, HasASecondShortcut)
+TEST_F(ClosingWindowTest, LeavesOtherWindowsOpen)
 {
+    QWidget other;
+    other.show();
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(isOpen());
+    EXPECT_TRUE(other.isVisible());
+}
+
+TEST_F(ClosingWindowTest, EndsTheProgramWithAllItsWindows)
+{
+    QWidget other;
+    other.show();
     press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(isOpen());
+    EXPECT_FALSE(other.isVisible());
+}
+
+TEST_F(ClosingWindowTest, EndsTheProgramFromAnotherWindowToo)
+{
+    QWidget other;
+    ASSERT_TRUE(showActive(other));
+    QTest::keyClick(&other, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(ClosingWindowTest, StaysWithAWindowThatWontClose)
+{
+    struct Unwilling : QWidget
+    {
+        void closeEvent(QCloseEvent *event) override { event->ignore(); }
+    };
+
+    Unwilling other;
+    other.show();
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(isOpen());
+    EXPECT_TRUE(other.isVisible());
+}
+
+TEST_F(ClosingWindowTest, AsksBeforeTheProgramEndsDuringAJob)
+{
+    startHeldJob();
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(isOpen());
+    window.answer(u"Stop and Close"_s);
+    EXPECT_TRUE(eventually([this] { return !isOpen(); }));
 }
 
 TEST_F(ClosingWindowTest, AsksWhileAJobRuns)

@@ -97,7 +97,8 @@ struct CoverArtWindowOfApp : testing::Test
     }
 
     QTemporaryDir folder;
-    TonearmApp app{folder.filePath(u"settings.json"_s), std::nullopt, ModelFixture::noServices()};
+    TonearmApp app{folder.filePath(u"settings.json"_s), folder.filePath(u"windows.json"_s), std::nullopt,
+                   ModelFixture::noServices()};
 };
 
 } // namespace

@@ -125,7 +125,7 @@ TEST_F(HeartbeatTest, OfResizing)
 {
     ASSERT_NO_FATAL_FAILURE(load());
     heart.reset();
-    heart.run(60, [this](int step) { window.window().resize(820 + step * 15, 900 + step * 3); });
+    heart.run(60, [this](int step) { window.resizeContent({820 + step * 15, 900 + step * 3}); });
     keep(heart, "resize");
 }
 

@@ -179,8 +179,10 @@ TEST_F(KeyboardTest, ScrollsToWhatHasTheFocus)
 {
     // Whatever the size of the window, every stop lies within what is to be seen of it.
     surroundings.prepareJob(tools.source());
-    window.window().setMinimumSize(0, 0);
-    window.window().resize(700, 300);
+    window.window().centralWidget()->setMinimumSize(0, 0);
+    ShownWindow::settle();
+    window.resizeContent({700, 300});
+    ASSERT_EQ(window.contentSize(), QSize(700, 300));
     for (int step = 0; step < 16; ++step) {
         press(Qt::Key_Tab);
         ShownWindow::settle();

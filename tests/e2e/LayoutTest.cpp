@@ -46,9 +46,9 @@ struct LayoutTest : ScriptedWindowTest
 
     void expectNothingClippedAt(const QSize &size)
     {
-        window.window().resize(size);
+        window.resizeContent(size);
         ShownWindow::settle();
-        EXPECT_EQ(window.window().size(), size);
+        EXPECT_EQ(window.contentSize(), size);
         EXPECT_EQ(window.clipped(), QStringList());
         EXPECT_EQ(column().width(), window.window().findChild<ContentView *>()->viewport()->width());
         EXPECT_GE(column().width(), column().minimumSizeHint().width());
@@ -60,10 +60,10 @@ struct LayoutTest : ScriptedWindowTest
 TEST_F(LayoutTest, HasASizeAtFirstAndALeastOne)
 {
     EXPECT_EQ(window.window().windowTitle(), u"Tonearm"_s);
-    EXPECT_EQ(window.window().size(), QSize(940, 940));
-    EXPECT_EQ(window.window().minimumSize(), QSize(820, 900));
+    EXPECT_EQ(window.contentSize(), QSize(940, 940));
     window.window().resize(100, 100);
-    EXPECT_EQ(window.window().size(), QSize(820, 900));
+    ShownWindow::settle();
+    EXPECT_EQ(window.contentSize(), QSize(820, 900));
 }
 
 TEST_F(LayoutTest, HasItsSectionsInOrderWithDividersBetween)
@@ -145,7 +145,7 @@ TEST_F(LayoutTest, GivesTheTableWhatRoomThereIs)
         section = box->title().startsWith(u"Chapters"_s) ? box : section;
     ASSERT_TRUE(section);
     const int before = section->height();
-    window.window().resize(940, 1140);
+    window.resizeContent({940, 1140});
     ShownWindow::settle();
     EXPECT_EQ(section->height(), before + 200);
 }

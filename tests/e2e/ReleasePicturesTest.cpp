@@ -93,7 +93,7 @@ struct ReleasePictures : testing::WithParamInterface<bool>, testing::Test
     void keepWindow(const QString &state)
     {
         for (const QSize &size : {QSize(820, 900), QSize(940, 940)}) {
-            window.window().resize(size);
+            window.resizeContent(size);
             ShownWindow::settle();
             keep(window.window(), u"window-%1-%2x%3"_s.arg(state, QString::number(size.width()),
                                                            QString::number(size.height())));

@@ -4,6 +4,8 @@
 #include "helpers/Await.h"
 #include "support/ResourceFolder.h"
 
+#include <QMenuBar>
+
 namespace tonearm::test {
 
 using namespace Qt::StringLiterals;
@@ -18,6 +20,11 @@ ShownWindow::ShownWindow(AppModel &model)
     : MainWindowHolder(model)
     , WindowUser(m_window)
 {
+}
+
+void ShownWindow::resizeContent(const QSize &size)
+{
+    m_window.resize(size + QSize(0, m_window.menuBar()->height()));
 }
 
 QLineEdit &ShownWindow::titleBox(int chapter)

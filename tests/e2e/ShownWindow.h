@@ -29,6 +29,12 @@ public:
 
     MainWindow &window() { return m_window; }
 
+    /// The size of what lies below the menus.
+    QSize contentSize() const { return m_window.centralWidget()->size(); }
+
+    /// Makes the window so large that this is the size of what lies below the menus.
+    void resizeContent(const QSize &size);
+
     QLineEdit &titleBox(int chapter);
 };
 

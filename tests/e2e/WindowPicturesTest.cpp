@@ -60,7 +60,7 @@ struct WindowPictures : testing::WithParamInterface<bool>, ScriptedWindowTest
 
     void keepWindow(const QString &state, const QSize &size = {940, 940})
     {
-        window.window().resize(size);
+        window.resizeContent(size);
         ShownWindow::settle();
         keep(window.window(),
              u"window-%1-%2x%3"_s.arg(state, QString::number(size.width()), QString::number(size.height())));

@@ -76,6 +76,21 @@ TEST_F(SingleWindowTest, HasNoSayInWhenTheProgramEnds)
     EXPECT_FALSE(single.window()->testAttribute(Qt::WA_QuitOnClose));
 }
 
+TEST(SingleWindow, IsPreparedEachTimeBeforeItIsShown)
+{
+    QStringList prepared;
+    SingleWindow<QLabel> single([&](QLabel &window) {
+        EXPECT_FALSE(window.isVisible());
+        prepared.append(window.text());
+    });
+    single.open(u"First"_s);
+    single.open(u"Again"_s);
+    single.window()->close();
+    ASSERT_TRUE(eventually([&] { return !single.window(); }));
+    single.open(u"Second"_s);
+    EXPECT_EQ(prepared, (QStringList{u"First"_s, u"Second"_s}));
+}
+
 TEST(SingleWindow, GoesWithItsOwner)
 {
     QPointer<QLabel> window;

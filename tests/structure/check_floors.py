@@ -28,6 +28,7 @@ FLOORS = {
     "app/screens/elements": 7,
     "app/screens/chapters": 7,
     "app/screens/releases": 7,
+    "app/screens/menus": 7,
     "app/screens/mainwindow": 7,
     "app/screens/editortable": 7,
     "app/screens/editorwindow": 7,

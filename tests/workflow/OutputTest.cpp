@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the user can do with a job's results.
+#include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
@@ -26,6 +27,12 @@ protected:
     {
         EXPECT_TRUE(QDir().mkpath(m_fixture.path(name)));
         return m_fixture.url(name);
+    }
+
+    void haveLog()
+    {
+        test::writeFile(m_fixture.path(u"job.log"_s), "log");
+        m_model.lastLogURL = m_fixture.url(u"job.log"_s);
     }
 
     void expectShown(const QList<QUrl> &locations)
@@ -111,23 +118,57 @@ TEST_F(Output, IsNotShownIfThereIsNone)
 
 TEST_F(Output, ShowsTheLog)
 {
-    test::writeFile(m_fixture.path(u"job.log"_s), "log");
-    m_model.lastLogURL = m_fixture.url(u"job.log"_s);
+    haveLog();
     m_model.encodedFiles = QList{m_fixture.url(u"a.flac"_s)};
-    EXPECT_TRUE(m_model.hasLogFile());
     m_model.revealLog();
     expectShown({m_fixture.url(u"job.log"_s)});
 }
 
 TEST_F(Output, ShowsTheFilesOnceTheLogIsGone)
 {
-    test::writeFile(m_fixture.path(u"job.log"_s), "log");
-    m_model.lastLogURL = m_fixture.url(u"job.log"_s);
+    haveLog();
     m_model.encodedFiles = QList{m_fixture.url(u"a.flac"_s)};
     ASSERT_TRUE(QFile::remove(m_fixture.path(u"job.log"_s)));
-    EXPECT_FALSE(m_model.hasLogFile());
     m_model.revealLog();
     expectShown(m_model.encodedFiles.value());
+}
+
+TEST_F(Output, TellsThatThereIsALog)
+{
+    QProperty<bool> observer;
+    observer.setBinding([this] { return m_model.hasLogFile(); });
+    EXPECT_FALSE(observer.value());
+    haveLog();
+    EXPECT_TRUE(observer.value());
+    m_fixture.settle();
+    EXPECT_TRUE(observer.value());
+    m_model.lastLogURL = std::nullopt;
+    EXPECT_FALSE(observer.value());
+}
+
+TEST_F(Output, TellsThatTheLogHasBeenDeleted)
+{
+    QProperty<bool> observer;
+    observer.setBinding([this] { return m_model.hasLogFile(); });
+    haveLog();
+    m_fixture.settle();
+    ASSERT_TRUE(QFile::remove(m_fixture.path(u"job.log"_s)));
+    EXPECT_TRUE(test::eventually([&] { return !observer.value(); }));
+}
+
+TEST_F(Output, LooksForTheLogWhenItIsAsked)
+{
+    folder(u"above"_s);
+    folder(u"above/albums"_s);
+    test::writeFile(m_fixture.path(u"above/albums/job.log"_s), "log");
+    m_model.lastLogURL = m_fixture.url(u"above/albums/job.log"_s);
+    m_fixture.settle();
+    // Nothing tells of a change further up.
+    ASSERT_TRUE(QFile::rename(m_fixture.path(u"above"_s), m_fixture.path(u"moved"_s)));
+    m_fixture.settle();
+    EXPECT_TRUE(m_model.hasLogFile());
+    m_model.lookForLog();
+    EXPECT_TRUE(test::eventually([this] { return !m_model.hasLogFile(); }));
 }
 
 TEST(FinishedJob, IsShownByItsFilesAndItsLog)
@@ -139,6 +180,7 @@ TEST(FinishedJob, IsShownByItsFilesAndItsLog)
     EXPECT_TRUE(fixture->canRevealOutput());
     fixture->revealOutput();
     fixture->revealLog();
+    fixture.settle();
     EXPECT_EQ(fixture.fileViewer().selections(),
               (QList<QList<QUrl>>{{QUrl::fromLocalFile(fixture.outputPath(u"01-One.flac"_s))},
                                   {fixture->lastLogURL.value().value()}}));

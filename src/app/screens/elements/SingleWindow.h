@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
 #include <utility>
 
 namespace tonearm {
@@ -12,9 +13,16 @@ namespace tonearm {
 template <typename Window> class SingleWindow
 {
 public:
+    SingleWindow() = default;
+
+    /// `prepare` is called with each new window before it is shown.
+    explicit SingleWindow(std::function<void(Window &)> prepare)
+        : m_prepare(std::move(prepare))
+    {
+    }
+
     ~SingleWindow() { delete m_window; }
 
-    SingleWindow() = default;
     SingleWindow(const SingleWindow &) = delete;
     SingleWindow &operator=(const SingleWindow &) = delete;
 
@@ -26,6 +34,8 @@ public:
             m_window->setAttribute(Qt::WA_DeleteOnClose);
             // Of the whole program, the main window alone decides when it ends.
             m_window->setAttribute(Qt::WA_QuitOnClose, false);
+            if (m_prepare)
+                m_prepare(*m_window);
         }
         m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
         m_window->show();
@@ -37,6 +47,7 @@ public:
     Window *window() const { return m_window; }
 
 private:
+    std::function<void(Window &)> m_prepare;
     QPointer<Window> m_window;
 };
 

@@ -2,13 +2,14 @@
 #include "app/screens/mainwindow/MainWindow.h"
 
 #include "app/screens/elements/Bind.h"
+#include "app/screens/elements/ClosingWindows.h"
 #include "app/screens/mainwindow/ContentView.h"
 #include "app/screens/mainwindow/MainWindowQuestions.h"
+#include "app/screens/menus/MenuBar.h"
 #include "app/screens/releases/ReleaseResultsSheet.h"
 #include "workflow/AppModel.h"
 
 #include <QCloseEvent>
-#include <QShortcut>
 
 namespace tonearm {
 
@@ -16,6 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Of what lies below the menus.
 constexpr QSize defaultSize(940, 940);
 constexpr QSize smallestSize(820, 900);
 
@@ -25,33 +27,43 @@ MainWindow::MainWindow(AppModel &model, const GenreCatalog &genres)
     : m_model(model)
 {
     setWindowTitle(u"Tonearm"_s);
-    setMinimumSize(smallestSize);
-    resize(defaultSize);
-    auto *content = new ContentView(model, genres, this);
-    connect(content, &ContentView::coverArtRequested, this, &MainWindow::coverArtRequested);
-    setCentralWidget(content);
+    addMenus();
+    addContent(genres);
+    resize(defaultSize + QSize(0, menuBar()->sizeHint().height()));
     showReleaseResults(this, model);
     showQuestions(this, model);
+    closeAfterJob();
+}
 
-    addShortcut(Qt::CTRL | Qt::Key_I, [&model] { model.chooseInputFile(); });
-    addShortcut(Qt::CTRL | Qt::Key_O, [&model] { model.chooseOutputFolder(); });
-    addShortcut(Qt::CTRL | Qt::Key_E, [&model] { model.startEncoding(); });
-    addShortcut(Qt::CTRL | Qt::Key_Period, [&model] { model.cancelEncoding(); });
-    for (const Qt::Key key : {Qt::Key_W, Qt::Key_Q})
-        addShortcut(Qt::CTRL | key, [this] { close(); });
+void MainWindow::addMenus()
+{
+    auto *menus = new MenuBar(m_model, this);
+    connect(menus, &MenuBar::closeRequested, this, &QWidget::close);
+    connect(menus, &MenuBar::quitRequested, this, [this] { closeAllWindows(*this); });
+    connect(menus, &MenuBar::editorRequested, this, &MainWindow::editorRequested);
+    connect(menus, &MenuBar::settingsRequested, this, &MainWindow::settingsRequested);
+    connect(menus, &MenuBar::aboutRequested, this, &MainWindow::aboutRequested);
+    connect(menus, &MenuBar::helpRequested, this, &MainWindow::helpRequested);
+    setMenuBar(menus);
+}
 
-    // Once the job that held the window open has ended.
+void MainWindow::addContent(const GenreCatalog &genres)
+{
+    auto *content = new ContentView(m_model, genres, this);
+    content->setMinimumSize(smallestSize);
+    connect(content, &ContentView::coverArtRequested, this, &MainWindow::coverArtRequested);
+    setCentralWidget(content);
+}
+
+// Once the job that held the window open has ended.
+void MainWindow::closeAfterJob()
+{
     bind(
-        this, [&model] { return model.isReadyToClose(); },
+        this, [this] { return m_model.isReadyToClose(); },
         [](MainWindow *window, bool isReady) {
             if (isReady)
                 QMetaObject::invokeMethod(window, &QWidget::close, Qt::QueuedConnection);
         });
-}
-
-void MainWindow::addShortcut(const QKeySequence &keys, const std::function<void()> &action)
-{
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -3,14 +3,12 @@
 
 #include <QMainWindow>
 
-#include <functional>
-
 namespace tonearm {
 
 class AppModel;
 class GenreCatalog;
 
-/// The window of the encoding job. While a job runs it asks before it closes.
+/// The window of the encoding job, with the program's menus. While a job runs it asks before it closes.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -21,12 +19,20 @@ public:
 Q_SIGNALS:
     /// The user wants to see the cover in its window.
     void coverArtRequested();
+    /// And these other windows.
+    void editorRequested();
+    void settingsRequested();
+    void aboutRequested();
+    /// The user wants to read about the program.
+    void helpRequested();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void addShortcut(const QKeySequence &keys, const std::function<void()> &action);
+    void addContent(const GenreCatalog &genres);
+    void addMenus();
+    void closeAfterJob();
 
     AppModel &m_model;
 };

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/elements/ClosingWindows.h"
+
+#include <gtest/gtest.h>
+
+#include <QCloseEvent>
+#include <QDialog>
+#include <QPointer>
+#include <QWidget>
+
+namespace tonearm {
+
+namespace {
+
+class Window : public QWidget
+{
+public:
+    Window() { show(); }
+
+    bool isWilling = true;
+    int askedCount = 0;
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        ++askedCount;
+        event->setAccepted(isWilling);
+    }
+};
+
+} // namespace
+
+TEST(ClosingWindows, ClosesThemAll)
+{
+    Window last;
+    Window other;
+    auto *deleted = new Window;
+    deleted->setAttribute(Qt::WA_DeleteOnClose);
+    closeAllWindows(last);
+    EXPECT_FALSE(last.isVisible());
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_FALSE(deleted->isVisible());
+}
+
+TEST(ClosingWindows, KeepsTheLastWithOneThatWontClose)
+{
+    Window last;
+    Window unwilling;
+    Window other;
+    unwilling.isWilling = false;
+    closeAllWindows(last);
+    EXPECT_TRUE(last.isVisible());
+    EXPECT_EQ(last.askedCount, 0);
+    EXPECT_EQ(unwilling.askedCount, 1);
+    EXPECT_FALSE(other.isVisible());
+    unwilling.isWilling = true;
+    closeAllWindows(last);
+    EXPECT_FALSE(last.isVisible());
+    EXPECT_FALSE(unwilling.isVisible());
+}
+
+TEST(ClosingWindows, LeavesTheLastItsSay)
+{
+    Window last;
+    last.isWilling = false;
+    Window other;
+    closeAllWindows(last);
+    EXPECT_TRUE(last.isVisible());
+    EXPECT_FALSE(other.isVisible());
+}
+
+TEST(ClosingWindows, LeavesADialogToItsWindow)
+{
+    Window last;
+    Window unwilling;
+    unwilling.isWilling = false;
+    QDialog question(&unwilling);
+    question.open();
+    closeAllWindows(last);
+    EXPECT_TRUE(question.isVisible());
+}
+
+TEST(ClosingWindows, AsksNoneThatIsClosedAlready)
+{
+    Window last;
+    Window other;
+    other.hide();
+    closeAllWindows(last);
+    EXPECT_EQ(other.askedCount, 0);
+}
+
+} // namespace tonearm
