@@ -2,17 +2,18 @@
 #include "app/TonearmApp.h"
 
 #include "platform/MountTable.h"
+#include "platform/SystemBus.h"
 #include "tools/ProcessRunner.h"
 #include "tools/ToolLocation.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
 #include <QDesktopServices>
 #include <QDir>
 #include <QGuiApplication>
 #include <QStandardPaths>
 
 #include <system_error>
+#include <utility>
 
 namespace tonearm {
 
@@ -47,7 +48,7 @@ TonearmApp::TonearmApp(const QString &settingsFile, const QString &sizesFile,
     , m_discService(std::make_shared<MountTable>())
     , m_discRipper(QDir::tempPath())
     , m_secureRipper(ToolLocation(resourceFolder), QDir::tempPath())
-    , m_drives(QDBusConnection::systemBus(), volumeProgram(), volumeFolder())
+    , m_drives(volumeProgram(), volumeFolder())
     , m_model(m_settings, services(ToolLocation(resourceFolder)))
     , m_windowSizes(sizesFile)
     , m_mainWindow(m_model, m_genres)
@@ -94,6 +95,7 @@ void TonearmApp::openMainWindow()
     m_mainWindow.show();
     checkTools();
     watchDiscs();
+    watchDrives();
 }
 
 void TonearmApp::checkTools()
@@ -113,6 +115,19 @@ void TonearmApp::watchDiscs()
         }
     }
     m_model.refreshDiscs();
+}
+
+void TonearmApp::watchDrives()
+{
+    if (!std::exchange(m_isWatchingDrives, true))
+        m_tasks.start([this](std::stop_token stop) { return followDrives(stop); });
+}
+
+// The bus may take its time, or never answer: the window doesn't wait for it.
+QCoro::Task<> TonearmApp::followDrives(std::stop_token stop)
+{
+    const QDBusConnection bus = co_await connectToBus(systemBusAddress(), stop);
+    m_drives.follow(bus);
 }
 
 } // namespace tonearm

@@ -19,13 +19,17 @@
 #include "platform/MountMonitor.h"
 #include "platform/OpticalDrives.h"
 #include "platform/PulseSounds.h"
+#include "support/TaskScope.h"
 #include "workflow/AppModel.h"
 #include "workflow/records/GenreCatalog.h"
+
+#include <QCoroTask>
 
 #include <QObject>
 #include <QString>
 
 #include <optional>
+#include <stop_token>
 
 namespace tonearm {
 
@@ -52,6 +56,8 @@ private:
     void followWindow();
     void checkTools();
     void watchDiscs();
+    void watchDrives();
+    QCoro::Task<> followDrives(std::stop_token stop);
 
     SettingsStore m_settingsStore;
     AppSettings m_settings;
@@ -75,6 +81,9 @@ private:
     std::optional<MountMonitor> m_mountMonitor;
     // The end of the connections to the application.
     QObject m_connections;
+    bool m_isWatchingDrives = false;
+    // Last, so that the tasks end while all else is still there.
+    TaskScope m_tasks;
 };
 
 } // namespace tonearm

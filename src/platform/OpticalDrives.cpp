@@ -34,17 +34,21 @@ QUrl fusermount()
 
 } // namespace
 
-OpticalDrives::OpticalDrives(const QDBusConnection &bus, const QUrl &program, const QString &folder)
+OpticalDrives::OpticalDrives(const QUrl &program, const QString &folder)
     : m_mounts(program, folder)
-    , m_udisks(bus, [this] { refresh(); })
 {
-    refresh();
 }
 
 OpticalDrives::~OpticalDrives()
 {
     // While the tasks end, changes begin no new one.
     m_isAsking = true;
+}
+
+void OpticalDrives::follow(const QDBusConnection &bus)
+{
+    m_udisks.emplace(bus, [this] { refresh(); });
+    refresh();
 }
 
 void OpticalDrives::refresh()
@@ -59,7 +63,7 @@ QCoro::Task<> OpticalDrives::followDrives(std::stop_token stop)
 {
     try {
         while (std::exchange(m_hasChangedMeanwhile, false)) {
-            const UDisksObjects objects = co_await m_udisks.objects(stop);
+            const UDisksObjects objects = co_await m_udisks->objects(stop);
             m_mounts.keepOnly(audioDiscs(objects));
         }
     } catch (const UDisksError &) { // NOLINT(bugprone-empty-catch): without the service nothing is new
@@ -99,14 +103,16 @@ QCoro::Task<> OpticalDrives::open(QString source, std::stop_token stop)
     const bool isDevice = source.startsWith("/dev/"_L1);
     std::optional<QString> drive;
     try {
-        const UDisksObjects objects = co_await m_udisks.objects(stop);
-        drive = driveOf(objects, source);
+        if (m_udisks) {
+            const UDisksObjects objects = co_await m_udisks->objects(stop);
+            drive = driveOf(objects, source);
+        }
     } catch (const UDisksError &) {
         if (isDevice)
             throw;
     }
     if (drive)
-        co_await m_udisks.eject(*drive, stop);
+        co_await m_udisks->eject(*drive, stop);
     else if (isDevice)
         throw std::system_error(std::make_error_code(std::errc::no_such_device));
 }

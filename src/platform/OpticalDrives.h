@@ -13,6 +13,7 @@
 #include <QString>
 #include <QUrl>
 
+#include <optional>
 #include <stop_token>
 
 namespace tonearm {
@@ -22,12 +23,15 @@ namespace tonearm {
 class OpticalDrives : public DiscEjector
 {
 public:
-    /// `bus` is the system's, connected or not; `program` is tonearm-cddafs, and `folder` where volumes
-    /// are mounted.
-    OpticalDrives(const QDBusConnection &bus, const QUrl &program, const QString &folder);
+    /// `program` is tonearm-cddafs, and `folder` where volumes are mounted.
+    OpticalDrives(const QUrl &program, const QString &folder);
     ~OpticalDrives() override;
     OpticalDrives(const OpticalDrives &) = delete;
     OpticalDrives &operator=(const OpticalDrives &) = delete;
+
+    /// From now on the drives are those that the service on this bus, the system's, knows. Before, and
+    /// with a bus that isn't connected, there are none.
+    void follow(const QDBusConnection &bus);
 
     /// Unmounts even a volume whose files are open, and ends when the drive has opened; an image that
     /// somebody has mounted is unmounted only. A disc that its drive keeps is mounted again. Throws
@@ -46,7 +50,7 @@ private:
     bool m_hasChangedMeanwhile = false;
     DiscMounts m_mounts;
     // Behind the mounts, whose end runs an event loop: nobody is to be told of changes then.
-    UDisks m_udisks;
+    std::optional<UDisks> m_udisks;
     // Last, so that the tasks end while all else is still there.
     TaskScope m_tasks;
 };

@@ -125,6 +125,8 @@ public:
     QProperty<bool> isShowingSearchResults;
     /// A search or the lookup of a disc is under way.
     QProperty<bool> isLoadingReleases;
+    /// Whether `searchResults` are, or will be, those of a disc's lookup, as against a search's.
+    QProperty<bool> isDiscLookup;
     /// The release whose tracklist is being fetched.
     QProperty<std::optional<QString>> loadingReleaseID;
     // The three of the cover are set and cleared together.
@@ -354,6 +356,7 @@ private:
     QCoro::Task<> giveBack(QUrl volume, std::stop_token stop);
 
     QCoro::Task<> runPreview(ChapterInfo chapter, std::stop_token stop);
+    QCoro::Task<QUrl> startOf(DiscTrack track, std::stop_token stop);
     QCoro::Task<QUrl> previewSource(ChapterInfo chapter, std::stop_token stop);
     void play(const ChapterPreview &preview);
     void stopPreviewAndDiscard();

@@ -65,7 +65,6 @@ QCoro::Task<> AppModel::ripTrack(std::shared_ptr<EncodingJob> job, qsizetype ind
         trackVerifications = verifications;
     }
     co_await encodeRippedTrack(job, index, reading.result.url, &entry, stop);
-    job->log.entries.append(entry);
 }
 
 // A secure reading that fails is made up for by an ordinary one, for this track alone.
@@ -131,6 +130,7 @@ QCoro::Task<> AppModel::encodeRippedTrack(std::shared_ptr<EncodingJob> job, qsiz
     job->outputs.append(track.output);
     entry->encodeDuration = Clock::now() - start;
     entry->outputFilename = track.output.fileName();
+    job->log.entries.append(*entry);
     const auto removal = [ripped] { return QFile::remove(ripped.toLocalFile()); };
     co_await inBackground(removal);
 }

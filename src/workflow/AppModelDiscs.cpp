@@ -68,6 +68,7 @@ void AppModel::loadDisc(const DiscInfo &disc)
     forgetSourcesResults();
     currentState = WorkflowState::Kind::readingDisc;
     progressMessage = foundMessage(disc.tracks.size());
+    isDiscLookup = true;
     isLoadingReleases = true;
     isShowingSearchResults = true;
     m_tasks.start([this, disc](std::stop_token stop) { return lookUpDisc(disc, stop); });

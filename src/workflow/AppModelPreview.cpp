@@ -6,6 +6,8 @@
 #include "support/Cancellation.h"
 #include "workflow/EncodingJob.h"
 
+#include <algorithm>
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -49,10 +51,19 @@ QCoro::Task<> AppModel::runPreview(ChapterInfo chapter, std::stop_token stop)
     previewTask = std::nullopt;
 }
 
+QCoro::Task<QUrl> AppModel::startOf(DiscTrack track, std::stop_token stop)
+{
+    // The reader takes a frame more than it is asked for, and fails if the track hasn't got that: of a
+    // short track all is read. Half a frame less keeps clear of the rounding.
+    const double fitting = (static_cast<double>(track.frameCount) - 1.5) / discFramesPerSecond;
+    const double seconds = std::clamp(fitting, 0.0, previewSeconds);
+    co_return co_await m_services.discRipper.prefix(track, seconds, stop);
+}
+
 QCoro::Task<QUrl> AppModel::previewSource(ChapterInfo chapter, std::stop_token stop)
 {
     if (const std::optional<DiscInfo> disc = loadedDisc.value())
-        co_return co_await m_services.discRipper.prefix(trackOfChapter(*disc, chapter), previewSeconds, stop);
+        co_return co_await startOf(trackOfChapter(*disc, chapter), stop);
     const std::optional<QUrl> file = inputFileURL.value();
     if (!file)
         throw AudioEncodingError::noChapters();

@@ -70,6 +70,7 @@ void AppModel::startSearch()
     searchResults = QList<ReleaseInfo>();
     searchNotices = QList<MetadataSearchOutcome::Notice>();
     selectedReleaseID = std::nullopt;
+    isDiscLookup = false;
     isLoadingReleases = true;
     searchTask = m_tasks.start([this, by = artist.value(), title = albumTitle.value()](std::stop_token stop) {
         return search(by, title, stop);
@@ -87,6 +88,7 @@ QCoro::Task<> AppModel::search(QString byArtist, QString title, std::stop_token 
 
 void AppModel::showFound(const MetadataSearchOutcome &outcome)
 {
+    isDiscLookup = false;
     searchResults = outcome.releases;
     searchNotices = outcome.notices;
     currentState =
@@ -102,6 +104,7 @@ QCoro::Task<> AppModel::lookUpDisc(DiscInfo disc, std::stop_token stop)
     throwIfCancelled(stop);
     const std::optional<DiscInfo> loaded = loadedDisc.value();
     if (loaded && loaded->volumeURL == disc.volumeURL) {
+        isDiscLookup = true;
         searchResults = outcome.releases;
         searchNotices = outcome.notices;
         currentState = WorkflowState::Kind::awaitingUserMapping;

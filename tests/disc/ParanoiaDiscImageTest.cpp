@@ -5,6 +5,7 @@
 #include "helpers/Contents.h"
 #include "helpers/DiscImage.h"
 #include "helpers/Printing.h"
+#include "helpers/SmoothSound.h"
 #include "support/Cancellation.h"
 #include "support/PathText.h"
 #include "support/ResourceFolder.h"
@@ -17,10 +18,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
-#include <algorithm>
 #include <chrono>
-#include <cstdint>
-#include <random>
 
 namespace tonearm {
 
@@ -33,23 +31,6 @@ namespace {
 
 constexpr qsizetype headerBytes = 44;
 
-// Little-endian samples that wander about. cd-paranoia finds the byte order of what it reads by which of
-// the two makes the smoother sound; noise would leave it guessing.
-QByteArray smoothSound(qint64 byteCount)
-{
-    std::mt19937 random(20240501);
-    QByteArray bytes;
-    std::int32_t left = 0;
-    while (bytes.size() < byteCount) {
-        left = std::clamp(left + static_cast<std::int32_t>(random() % 801) - 400, -30000, 30000);
-        for (const std::int32_t sample : {left, -left / 2}) {
-            bytes.append(static_cast<char>(sample & 0xFF));
-            bytes.append(static_cast<char>((sample >> 8) & 0xFF));
-        }
-    }
-    return bytes;
-}
-
 // cd-paranoia itself, reading an image.
 class ParanoiaDiscImage : public testing::Test
 {
@@ -58,7 +39,7 @@ protected:
     DiscImage image(ImageRecipe recipe)
     {
         DiscImage made(m_folder.path(), std::move(recipe));
-        m_sound = smoothSound(made.leadout() * discFrameBytes);
+        m_sound = test::smoothSound(made.leadout() * discFrameBytes);
         test::writeFile(made.binPath(), m_sound);
         return made;
     }

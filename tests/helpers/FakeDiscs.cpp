@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helpers/FakeDiscs.h"
 
+#include "support/InterruptibleSleep.h"
+
 #include <cerrno>
+#include <chrono>
 #include <system_error>
 #include <utility>
 
 namespace tonearm::test {
 
 namespace {
+
+constexpr std::chrono::hours endless{1};
 
 class SilentSound : public PreviewSound
 {
@@ -45,21 +50,26 @@ QCoro::Task<> FakeEjector::eject(QUrl volumeURL, std::stop_token /*stop*/)
     ejected.append(volumeURL);
     if (refuses)
         throw std::system_error(EBUSY, std::generic_category());
+    onEject();
     m_scan.discs.removeIf([&volumeURL](const DiscInfo &disc) { return disc.volumeURL == volumeURL; });
     co_return;
 }
 
 QCoro::Task<RippedTrack> FakeReader::rip(DiscTrack track, DiscInfo /*disc*/, Progress onProgress,
-                                         std::stop_token /*stop*/)
+                                         std::stop_token stop)
 {
     onProgress(1);
+    if (isEndlessRip)
+        co_await interruptibleSleep(endless, stop);
     co_return onRip(track);
 }
 
 QCoro::Task<bool> FakeReader::verify(DiscTrack track, DiscInfo /*disc*/, QString /*checksum*/,
-                                     Progress onProgress, std::stop_token /*stop*/)
+                                     Progress onProgress, std::stop_token stop)
 {
     onProgress(1);
+    if (isEndlessVerify)
+        co_await interruptibleSleep(endless, stop);
     co_return onVerify(track);
 }
 

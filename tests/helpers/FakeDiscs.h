@@ -37,6 +37,8 @@ public:
 
     bool refuses = false;
     QList<QUrl> ejected;
+    /// What else goes with a disc.
+    std::function<void()> onEject = [] {};
 
 private:
     FakeDiscScan &m_scan;
@@ -56,6 +58,9 @@ public:
     /// May throw.
     std::function<RippedTrack(const DiscTrack &)> onRip;
     std::function<bool(const DiscTrack &)> onVerify;
+    /// From now on it reads, or verifies, until it is stopped.
+    bool isEndlessRip = false;
+    bool isEndlessVerify = false;
 };
 
 /// Sounds without a sound: what is open plays until the test ends it.

@@ -60,4 +60,9 @@ void PrivateBus::freeze()
     ::kill(static_cast<pid_t>(m_daemon.processId()), SIGSTOP);
 }
 
+void PrivateBus::thaw()
+{
+    ::kill(static_cast<pid_t>(m_daemon.processId()), SIGCONT);
+}
+
 } // namespace tonearm::test

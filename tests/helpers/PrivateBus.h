@@ -21,8 +21,14 @@ public:
     /// A connection of its own each time, good as long as the bus.
     QDBusConnection connect();
 
-    /// From now on the bus passes nothing on.
+    /// As the environment tells it to programs.
+    QString address() const { return m_address; }
+
+    /// From now on the bus passes nothing on, and answers nobody.
     void freeze();
+
+    /// Ends that.
+    void thaw();
 
 private:
     QTemporaryDir m_folder;

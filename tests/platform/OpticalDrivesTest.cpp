@@ -54,7 +54,8 @@ protected:
 
     void startDrives()
     {
-        m_drives.emplace(m_bus.connect(), QUrl::fromLocalFile(program()), m_volumes.path());
+        m_drives.emplace(QUrl::fromLocalFile(program()), m_volumes.path());
+        m_drives->follow(m_bus.connect());
     }
 
     QString program() const { return m_images.filePath(u"program"_s); }

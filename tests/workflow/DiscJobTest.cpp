@@ -12,6 +12,10 @@
 
 #include <QDir>
 #include <QFile>
+#include <QPropertyNotifier>
+
+#include <functional>
+#include <utility>
 
 namespace tonearm {
 
@@ -75,6 +79,35 @@ protected:
     }
 
     QString log() { return QString::fromUtf8(readFile(m_model.lastLogURL.value()->toLocalFile())); }
+
+    // Calls back, once, when a message with that beginning is shown.
+    QPropertyNotifier atMessage(const QString &beginning, std::function<void()> action)
+    {
+        return m_model.progressMessage.onValueChanged(
+            [this, beginning, action = std::move(action)]() mutable {
+                if (action && m_model.progressMessage.value().startsWith(beginning))
+                    std::exchange(action, nullptr)();
+            });
+    }
+
+    void pullOut()
+    {
+        m_fixture.discScan().discs = {};
+        m_model.refreshDiscs();
+    }
+
+    void expectCancelledByPull()
+    {
+        EXPECT_EQ(m_model.currentState.value(), WorkflowState(Kind::idle));
+        EXPECT_EQ(m_model.progressMessage.value(), u"Ripping cancelled."_s);
+        EXPECT_EQ(m_model.encodingProgress.value(), 0);
+        ASSERT_TRUE(m_model.alert.value());
+        EXPECT_EQ(m_model.alert.value()->title, u"Disc Ejected"_s);
+        EXPECT_FALSE(m_model.loadedDisc.value());
+        EXPECT_TRUE(m_model.chapters.value().isEmpty());
+        EXPECT_FALSE(QFile::exists(m_fixture.outputPath(u"01-Eins.flac"_s)));
+        EXPECT_FALSE(log().contains(u"Eins"_s)) << log().toStdString();
+    }
 
     QStringList temporaryRips() const
     {
@@ -205,19 +238,102 @@ TEST_F(DiscJob, FailsForAChapterWithoutATrack)
     EXPECT_EQ(m_model.statusText(), u"Track 42 couldn't be read from the disc."_s);
 }
 
-TEST_F(DiscJob, IsCancelledWhenTheDiscIsPulledOut)
+TEST_F(DiscJob, TellsOfEachReadingAndEachVerification)
+{
+    m_fixture.settings().setVerifyRipsByRereading(true);
+    load();
+    QStringList messages;
+    const auto onMessage =
+        m_model.progressMessage.onValueChanged([&] { messages.append(m_model.progressMessage.value()); });
+    m_fixture.runJob();
+    EXPECT_EQ(messages, (QStringList{u"Starting…"_s, u"Reading track 1 of 2: Eins"_s,
+                                     u"Verifying track 1 of 2: Eins"_s, u"Encoding 1 of 2: Eins"_s,
+                                     u"Reading track 2 of 2: Zwei"_s, u"Verifying track 2 of 2: Zwei"_s,
+                                     u"Encoding 2 of 2: Zwei"_s, u"Encoded 2 tracks to out."_s}));
+}
+
+TEST_F(DiscJob, IsCancelledWhenTheDiscIsPulledOutDuringAReading)
+{
+    ASSERT_NO_FATAL_FAILURE(readSecurely());
+    m_fixture.secureReader().isEndlessRip = true;
+    load();
+    QStringList messages;
+    const auto onMessage =
+        m_model.progressMessage.onValueChanged([&] { messages.append(m_model.progressMessage.value()); });
+    const auto onReading = atMessage(u"Reading track 1"_s, [this] { pullOut(); });
+    m_fixture.runJob();
+    ASSERT_NO_FATAL_FAILURE(expectCancelledByPull());
+    EXPECT_TRUE(messages.contains(u"The disc was ejected."_s));
+}
+
+TEST_F(DiscJob, IsCancelledWhenTheDiscIsPulledOutDuringAVerification)
+{
+    ASSERT_NO_FATAL_FAILURE(readSecurely());
+    m_fixture.settings().setVerifyRipsByRereading(true);
+    m_fixture.secureReader().isEndlessVerify = true;
+    load();
+    const auto onVerifying = atMessage(u"Verifying track 1"_s, [this] { pullOut(); });
+    m_fixture.runJob();
+    ASSERT_NO_FATAL_FAILURE(expectCancelledByPull());
+    EXPECT_TRUE(m_model.trackVerifications.value().isEmpty());
+}
+
+TEST_F(DiscJob, IsCancelledWhenTheDiscIsPulledOutDuringAnEncoding)
 {
     load();
-    const auto onMessage = m_model.progressMessage.onValueChanged([this] {
-        if (m_model.progressMessage.value().startsWith(u"Encoding 1"_s)) {
-            m_fixture.discScan().discs = {};
-            m_model.refreshDiscs();
-        }
+    const auto onEncoding = atMessage(u"Encoding 1"_s, [this] { pullOut(); });
+    m_fixture.runJob();
+    ASSERT_NO_FATAL_FAILURE(expectCancelledByPull());
+    // What has been read stays for the system to clear.
+    EXPECT_EQ(temporaryRips().size(), 1);
+}
+
+TEST_F(DiscJob, FailsAtTheNextReadingWhenItsDiscIsEjected)
+{
+    load();
+    m_fixture.ejector().onEject = [this] { QFile::remove(m_disc.tracks[1].audioFileURL.toLocalFile()); };
+    const auto onEncoding = atMessage(u"Encoding 1"_s, [this] {
+        EXPECT_TRUE(m_model.canEject());
+        m_model.ejectCurrentDisc();
+        EXPECT_FALSE(m_model.loadedDisc.value());
     });
     m_fixture.runJob();
-    EXPECT_EQ(m_model.currentState.value(), WorkflowState(Kind::idle));
-    EXPECT_EQ(m_model.progressMessage.value(), u"Ripping cancelled."_s);
-    EXPECT_EQ(m_model.alert.value()->title, u"Disc Ejected"_s);
+    EXPECT_EQ(m_fixture.ejector().ejected, QList{m_disc.volumeURL});
+    EXPECT_EQ(m_model.currentState.value(),
+              WorkflowState::error(DiscError::trackUnreadable(2).description()));
+    EXPECT_EQ(m_model.progressMessage.value(), u"Ripping failed."_s);
+    EXPECT_EQ(m_model.alert.value()->title, u"Ripping Failed"_s);
+    EXPECT_EQ(m_model.chapters.value().size(), 2);
+    EXPECT_TRUE(QFile::exists(m_fixture.outputPath(u"01-Eins.flac"_s)));
+    EXPECT_TRUE(log().contains(u"Eins"_s));
+    EXPECT_FALSE(log().contains(u"Zwei"_s)) << log().toStdString();
+}
+
+TEST_F(DiscJob, GoesOnWhenTheDriveWontGiveItsDiscBack)
+{
+    load();
+    m_fixture.ejector().refuses = true;
+    const auto onEncoding = atMessage(u"Encoding 1"_s, [this] { m_model.ejectCurrentDisc(); });
+    m_fixture.runJob();
+    EXPECT_EQ(m_model.encodedFiles.value().size(), 2) << m_model.statusText().toStdString();
+    EXPECT_EQ(m_model.detectedDiscs.value(), QList{m_disc});
+}
+
+TEST_F(DiscJob, GoesOnWhenAnotherDiscComesOrGoes)
+{
+    load();
+    DiscInfo other = m_disc;
+    other.volumeURL = m_fixture.url(u"other"_s);
+    const auto onReading = atMessage(u"Reading track 1"_s, [this, other] {
+        m_fixture.discScan().discs = {m_disc, other};
+        m_model.refreshDiscs();
+    });
+    const auto onEncoding = atMessage(u"Encoding 1"_s, [this, other] { m_model.ejectDisc(other); });
+    m_fixture.runJob();
+    EXPECT_EQ(m_fixture.ejector().ejected, QList{other.volumeURL});
+    EXPECT_EQ(m_model.encodedFiles.value().size(), 2) << m_model.statusText().toStdString();
+    EXPECT_EQ(m_model.loadedDisc.value(), m_disc);
+    EXPECT_TRUE(m_model.detectedDiscs.value().isEmpty());
 }
 
 TEST(DiscJobProgress, GivesReadingTheLargestPart)

@@ -179,6 +179,72 @@ TEST_F(Discs, ThatWontComeOutAreOfferedAgain)
     EXPECT_FALSE(m_model.alert.value());
 }
 
+TEST_F(Discs, OnOfferAreEjectedTheFirstFirst)
+{
+    put({disc(u"A"_s), disc(u"B"_s)});
+    m_model.ejectCurrentDisc();
+    EXPECT_EQ(m_model.detectedDiscs.value(), QList{disc(u"B"_s)});
+    m_fixture.settle();
+    EXPECT_EQ(m_fixture.ejector().ejected, QList{disc(u"A"_s).volumeURL});
+    EXPECT_EQ(m_model.detectedDiscs.value(), QList{disc(u"B"_s)});
+}
+
+TEST_F(Discs, OnOfferAreEjectedEachByItself)
+{
+    put({disc(u"A"_s), disc(u"B"_s)});
+    m_model.ejectDisc(disc(u"B"_s));
+    m_fixture.settle();
+    EXPECT_EQ(m_fixture.ejector().ejected, QList{disc(u"B"_s).volumeURL});
+    EXPECT_EQ(m_model.detectedDiscs.value(), QList{disc(u"A"_s)});
+    m_model.ejectCurrentDisc();
+    m_fixture.settle();
+    EXPECT_FALSE(m_model.canEject());
+    m_model.ejectCurrentDisc();
+    m_fixture.settle();
+    EXPECT_EQ(m_fixture.ejector().ejected.size(), 2);
+}
+
+TEST_F(Discs, ThatLieBesideTheLoadedOneGoWithoutIt)
+{
+    put({disc(u"A"_s), disc(u"B"_s)});
+    load(disc(u"A"_s));
+    m_model.ejectDisc(disc(u"B"_s));
+    m_fixture.settle();
+    EXPECT_EQ(m_fixture.ejector().ejected, QList{disc(u"B"_s).volumeURL});
+    EXPECT_EQ(m_model.loadedDisc.value(), disc(u"A"_s));
+    EXPECT_EQ(m_model.chapters.value().size(), 2);
+    EXPECT_FALSE(m_model.alert.value());
+}
+
+TEST_F(Discs, ThatWereLoadedAndWontComeOutAreOfferedAgain)
+{
+    put({disc(u"A"_s)});
+    load(disc(u"A"_s));
+    m_fixture.ejector().refuses = true;
+    m_model.ejectCurrentDisc();
+    EXPECT_FALSE(m_model.loadedDisc.value());
+    EXPECT_TRUE(eventually([this] { return m_model.detectedDiscs.value().size() == 1; }));
+    EXPECT_EQ(m_model.chapters.value().size(), 2);
+    EXPECT_FALSE(m_model.alert.value());
+}
+
+TEST_F(Discs, ThatArePulledOutDuringTheirLookupEmptyTheWindow)
+{
+    LoopbackResponse late = LoopbackResponse::json(R"({"releases": [{"id": "a"}]})");
+    m_pages.server().answer("/ws/2/discid/disc-id-of-A", late.after(std::chrono::milliseconds(200)));
+    put({disc(u"A"_s)});
+    m_model.loadDisc(disc(u"A"_s));
+    ASSERT_TRUE(eventually([this] { return !m_pages.askedPaths().isEmpty(); }));
+    m_fixture.discScan().discs = {};
+    m_model.refreshDiscs();
+    ASSERT_TRUE(eventually([this] { return !m_model.loadedDisc.value(); }));
+    EXPECT_TRUE(m_model.isLoadingReleases.value());
+    EXPECT_EQ(m_model.alert.value()->title, u"Disc Ejected"_s);
+    ASSERT_TRUE(eventually([this] { return !m_model.isLoadingReleases.value(); }));
+    EXPECT_TRUE(m_model.searchResults.value().isEmpty());
+    EXPECT_EQ(m_model.currentState.value(), WorkflowState::error(u"The disc was ejected."_s));
+}
+
 TEST_F(Discs, AreEjectedByTheClearButtonIfTheUserWantsThat)
 {
     m_fixture.settings().setEjectDiscAfterRipping(true);

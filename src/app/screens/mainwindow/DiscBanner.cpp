@@ -7,6 +7,9 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace tonearm {
 
 namespace {
@@ -28,14 +31,43 @@ DiscBanner::DiscBanner(AppModel &model, QWidget *parent)
 // What leaves keeps its rows until it is gone.
 void DiscBanner::showDiscs(const QList<DiscInfo> &discs)
 {
-    if (!discs.isEmpty()) {
-        qDeleteAll(findChildren<DiscOffer *>());
-        for (const DiscInfo &disc : discs)
-            content()->addWidget(new DiscOffer(m_model, disc));
-    }
+    if (!discs.isEmpty())
+        showOffers(discs);
     // What leaves takes no more keys.
     setEnabled(!discs.isEmpty());
     setShown(!discs.isEmpty());
+}
+
+// A disc that stays keeps its row, and with it the focus and a press that has begun.
+void DiscBanner::showOffers(const QList<DiscInfo> &discs)
+{
+    QList<DiscOffer *> before = std::exchange(m_offers, {});
+    for (const DiscInfo &disc : discs)
+        m_offers.append(takeOffer(before, disc));
+    for (DiscOffer *offer : before)
+        dismiss(offer);
+    QWidget *last = this;
+    for (qsizetype index = 0; index < m_offers.size(); ++index) {
+        const int place = static_cast<int>(index);
+        if (content()->indexOf(m_offers[index]) != place)
+            content()->insertWidget(place, m_offers[index]);
+        last = m_offers[index]->followInTabOrder(last);
+    }
+}
+
+DiscOffer *DiscBanner::takeOffer(QList<DiscOffer *> &offers, const DiscInfo &disc)
+{
+    const auto found = std::find_if(offers.begin(), offers.end(),
+                                    [&disc](const DiscOffer *offer) { return offer->disc() == disc; });
+    return found == offers.end() ? new DiscOffer(m_model, disc) : offers.takeAt(found - offers.begin());
+}
+
+// Not deleted here: the row's own button may be what set this off.
+void DiscBanner::dismiss(DiscOffer *offer)
+{
+    offer->hide();
+    content()->removeWidget(offer);
+    offer->deleteLater();
 }
 
 } // namespace tonearm

@@ -9,6 +9,7 @@
 namespace tonearm {
 
 class AppModel;
+class DiscOffer;
 
 /// Offers the audio CDs that are in the machine, a row for each.
 class DiscBanner : public Banner
@@ -20,8 +21,12 @@ public:
 
 private:
     void showDiscs(const QList<DiscInfo> &discs);
+    void showOffers(const QList<DiscInfo> &discs);
+    DiscOffer *takeOffer(QList<DiscOffer *> &offers, const DiscInfo &disc);
+    void dismiss(DiscOffer *offer);
 
     AppModel &m_model;
+    QList<DiscOffer *> m_offers;
 };
 
 } // namespace tonearm

@@ -11,12 +11,18 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
 
 DiscOffer::DiscOffer(AppModel &model, const DiscInfo &disc, QWidget *parent)
     : QWidget(parent)
+    , m_model(model)
+    , m_disc(disc)
+    , m_load(new ProminentButton(u"Load Disc"_s, this))
+    , m_eject(new QPushButton(u"Eject"_s, this))
 {
     setAccessibleRole(this, QAccessible::Grouping);
     auto *title = new ElidedLabel(Qt::ElideRight, this);
@@ -27,13 +33,8 @@ DiscOffer::DiscOffer(AppModel &model, const DiscInfo &disc, QWidget *parent)
     summary->setText(disc.summary());
     applyTextStyle(summary, TextStyle::smallSecondary);
 
-    auto *load = new ProminentButton(u"Load Disc"_s, this);
-    auto *eject = new QPushButton(u"Eject"_s, this);
-    // Queued, because either takes this row away.
-    connect(
-        load, &QPushButton::clicked, this, [&model, disc] { model.requestDisc(disc); }, Qt::QueuedConnection);
-    connect(
-        eject, &QPushButton::clicked, this, [&model, disc] { model.ejectDisc(disc); }, Qt::QueuedConnection);
+    connectAction(m_load, [this] { m_model.requestDisc(m_disc); });
+    connectAction(m_eject, [this] { m_model.ejectDisc(m_disc); });
 
     auto *lines = new QVBoxLayout;
     lines->setSpacing(2);
@@ -43,8 +44,25 @@ DiscOffer::DiscOffer(AppModel &model, const DiscInfo &disc, QWidget *parent)
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(new IconView(IconName::disc, Tone::information, this));
     row->addLayout(lines, 1);
-    row->addWidget(load);
-    row->addWidget(eject);
+    row->addWidget(m_load);
+    row->addWidget(m_eject);
+}
+
+QWidget *DiscOffer::followInTabOrder(QWidget *before)
+{
+    setTabOrder(before, m_load);
+    setTabOrder(m_load, m_eject);
+    return m_eject;
+}
+
+void DiscOffer::connectAction(QPushButton *button, std::function<void()> action)
+{
+    // Queued, because the action takes this row away; by then the disc may have gone, or be loaded.
+    const auto act = [this, action = std::move(action)] {
+        if (m_model.detectedDiscs.value().contains(m_disc))
+            action();
+    };
+    connect(button, &QPushButton::clicked, this, act, Qt::QueuedConnection);
 }
 
 } // namespace tonearm

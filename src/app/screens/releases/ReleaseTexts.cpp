@@ -20,9 +20,9 @@ bool hasOneTrackPerChapter(const ReleaseInfo &release, qsizetype chapterCount)
 }
 
 // As against a search by artist and album.
-bool isLookingUpDisc(const AppModel &model)
+bool isLookupOfDisc(const AppModel &model)
 {
-    return model.isDiscSource() && !model.searchTask.value();
+    return model.isDiscSource() && model.isDiscLookup.value();
 }
 
 // The artist and the album as they are typed.
@@ -58,7 +58,7 @@ QString releaseSheetAdvice(qsizetype chapterCount)
 QString releaseSheetStatus(const AppModel &model)
 {
     if (model.isLoadingReleases.value())
-        return isLookingUpDisc(model) ? u"Matching this disc against MusicBrainz…"_s : u"Searching…"_s;
+        return isLookupOfDisc(model) ? u"Matching this disc against MusicBrainz…"_s : u"Searching…"_s;
     const qsizetype count = model.searchResults.value().size();
     const QString matches = count == 1 ? u"1 match"_s : u"%1 matches"_s.arg(count);
     const QString query = queryOf(model);
@@ -69,7 +69,7 @@ QString releaseListPlaceholder(const AppModel &model)
 {
     if (!model.searchResults.value().isEmpty())
         return {};
-    const bool isDisc = isLookingUpDisc(model);
+    const bool isDisc = isLookupOfDisc(model);
     if (model.isLoadingReleases.value())
         return isDisc ? u"Looking up this disc in MusicBrainz…"_s : QString();
     if (isDisc)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tools/Borrowed.h"
+#include "helpers/Borrowed.h"
 
 #include "support/FileDescriptor.h"
 

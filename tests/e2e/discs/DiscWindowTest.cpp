@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // An audio CD in the window: offered, loaded, previewed, judged, given back.
-#include "e2e/ShownWindow.h"
+#include "e2e/discs/ShownDisc.h"
 
-#include "app/screens/mainwindow/DiscBanner.h"
 #include "app/screens/releases/ReleaseTexts.h"
-#include "helpers/Await.h"
 #include "helpers/Printing.h"
 #include "helpers/Rendering.h"
 
-#include <QLabel>
+#include <gmock/gmock.h>
+
 #include <QToolButton>
 
 namespace tonearm {
@@ -16,74 +15,34 @@ namespace tonearm {
 using namespace Qt::StringLiterals;
 using namespace test;
 
-namespace {
-
-DiscInfo disc(const QString &name)
+TEST_F(DiscWindowTest, IsOfferedInARowOfItsOwn)
 {
-    DiscInfo result;
-    result.volumeURL = QUrl::fromLocalFile(u"/media/"_s + name);
-    result.volumeName = name;
-    result.discID = u"an-id"_s;
-    for (const QString &title : {u"One"_s, u"Two"_s}) {
-        DiscTrack track;
-        track.number = result.tracks.size() + 1;
-        track.frameCount = 75 * 60;
-        track.title = title;
-        result.tracks.append(track);
-    }
-    return result;
-}
-
-struct DiscTest : WindowTest
-{
-    void put(const QList<DiscInfo> &discs)
-    {
-        surroundings.discScan().discs = discs;
-        model.refreshDiscs();
-        ASSERT_TRUE(eventually([&] { return model.detectedDiscs.value() == discs; }));
-    }
-
-    void load()
-    {
-        model.loadDisc(disc(u"The Disc"_s));
-        ASSERT_TRUE(eventually([this] { return !model.isLoadingReleases.value(); }));
-        model.isShowingSearchResults = false;
-        ShownWindow::settle();
-    }
-};
-
-} // namespace
-
-TEST_F(DiscTest, IsOfferedInARowOfItsOwn)
-{
-    put({disc(u"A"_s), disc(u"B"_s), disc(u"C"_s)});
+    put({shownDisc(u"A"_s), shownDisc(u"B"_s), shownDisc(u"C"_s)});
     for (const QString &name : {u"A"_s, u"B"_s, u"C"_s})
         EXPECT_TRUE(window.shows<QLabel>(u"Audio CD detected — "_s + name));
     EXPECT_EQ(allNamed<QLabel>(window.window(), u"2 tracks · 2:00"_s).size(), 3);
     EXPECT_EQ(allNamed<QPushButton>(window.window(), u"Load Disc"_s).size(), 3);
     EXPECT_EQ(allNamed<QPushButton>(window.window(), u"Eject"_s).size(), 3);
-    // The banner has come down to its place.
-    const QWidget &first = window.find<QLabel>(u"Audio CD detected — A"_s);
-    EXPECT_TRUE(eventually([&] { return first.visibleRegion().boundingRect() == first.rect(); }));
+    EXPECT_TRUE(eventually([this] { return isOffered(window.window(), u"A"_s); }));
     EXPECT_NE(renderToPng(window.window(), u"window-discs"_s), QString());
 }
 
-TEST_F(DiscTest, IsLoadedByItsButton)
+TEST_F(DiscWindowTest, IsLoadedByItsButton)
 {
-    put({disc(u"The Disc"_s)});
+    put({shownDisc(u"The Disc"_s)});
     click(window.button(u"Load Disc"_s));
     EXPECT_TRUE(eventually([this] { return model.isDiscSource(); }));
     EXPECT_FALSE(window.window().findChild<DiscBanner *>()->isShown());
 }
 
-TEST_F(DiscTest, IsEjectedByItsButton)
+TEST_F(DiscWindowTest, IsEjectedByItsButton)
 {
-    put({disc(u"The Disc"_s)});
+    put({shownDisc(u"The Disc"_s)});
     click(window.button(u"Eject"_s));
     EXPECT_TRUE(eventually([this] { return surroundings.ejector().ejected.size() == 1; }));
 }
 
-TEST_F(DiscTest, HasItsOwnWords)
+TEST_F(DiscWindowTest, HasItsOwnWords)
 {
     surroundings.settings().setEjectDiscAfterRipping(false);
     load();
@@ -98,9 +57,9 @@ TEST_F(DiscTest, HasItsOwnWords)
     EXPECT_EQ(window.button(u"Eject"_s).toolTip(), u"Eject the disc and clear the inputs"_s);
 }
 
-TEST_F(DiscTest, HasItsOwnWordsInTheSheetToo)
+TEST_F(DiscWindowTest, HasItsOwnWordsInTheSheetToo)
 {
-    model.loadDisc(disc(u"The Disc"_s));
+    model.loadDisc(shownDisc(u"The Disc"_s));
     EXPECT_EQ(releaseSheetStatus(model), u"Matching this disc against MusicBrainz…"_s);
     EXPECT_EQ(releaseListPlaceholder(model), u"Looking up this disc in MusicBrainz…"_s);
     ASSERT_TRUE(eventually([this] { return !model.isLoadingReleases.value(); }));
@@ -109,7 +68,22 @@ TEST_F(DiscTest, HasItsOwnWordsInTheSheetToo)
               u"and album, or type the titles in yourself."_s);
 }
 
-TEST_F(DiscTest, KeepsTheHintAboutAFileWhileSomethingIsMissing)
+TEST_F(DiscWindowTest, HasTheWordsOfASearchInTheSheetAfterASearch)
+{
+    load();
+    model.artist = u"artist"_s;
+    model.startSearch();
+    EXPECT_EQ(releaseSheetStatus(model), u"Searching…"_s);
+    EXPECT_EQ(releaseListPlaceholder(model), QString());
+    ASSERT_TRUE(eventually([this] { return !model.isLoadingReleases.value(); }));
+    EXPECT_EQ(releaseSheetStatus(model), u"0 matches for artist"_s);
+    EXPECT_EQ(releaseListPlaceholder(model), u"No releases matched. Try a different artist or album."_s);
+    // Loaded once more, it is looked up again.
+    ASSERT_NO_FATAL_FAILURE(load());
+    EXPECT_THAT(releaseListPlaceholder(model).toStdString(), testing::StartsWith("This disc isn't in"));
+}
+
+TEST_F(DiscWindowTest, KeepsTheHintAboutAFileWhileSomethingIsMissing)
 {
     surroundings.findTools();
     load();
@@ -117,7 +91,7 @@ TEST_F(DiscTest, KeepsTheHintAboutAFileWhileSomethingIsMissing)
     EXPECT_TRUE(window.shows<QLabel>(u"Choose an .mkv file to begin."_s));
 }
 
-TEST_F(DiscTest, ShowsHowFarEachTrackCanBeTrusted)
+TEST_F(DiscWindowTest, ShowsHowFarEachTrackCanBeTrusted)
 {
     load();
     model.trackVerifications =
@@ -146,7 +120,7 @@ TEST_F(DiscTest, ShowsHowFarEachTrackCanBeTrusted)
     EXPECT_TRUE(window.shows<QLabel>(u"1 track read with error correction."_s));
 }
 
-TEST_F(DiscTest, PreviewsATrackByItsButton)
+TEST_F(DiscWindowTest, PreviewsATrackByItsButton)
 {
     surroundings.findTools();
     load();
