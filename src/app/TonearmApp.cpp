@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TonearmApp.h"
 
+#include "app/screens/elements/WindowFront.h"
 #include "platform/MountTable.h"
 #include "platform/SystemBus.h"
 #include "tools/ProcessRunner.h"
@@ -10,6 +11,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QStandardPaths>
 
 #include <system_error>
@@ -34,6 +36,17 @@ QString volumeFolder()
     return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + u"/tonearm"_s;
 }
 
+// A notification may be clicked when the window is gone.
+WorkWindow workWindow(QWidget &window)
+{
+    return {.isInFront = [window = QPointer(&window)] { return window && isInFront(*window); },
+            .bringToFront =
+                [window = QPointer(&window)] {
+                    if (window)
+                        bringToFront(*window);
+                }};
+}
+
 } // namespace
 
 TonearmApp::TonearmApp(const QString &settingsFile, const QString &sizesFile,
@@ -52,6 +65,9 @@ TonearmApp::TonearmApp(const QString &settingsFile, const QString &sizesFile,
     , m_model(m_settings, services(ToolLocation(resourceFolder)))
     , m_windowSizes(sizesFile)
     , m_mainWindow(m_model, m_genres)
+    , m_desktop(&QDBusConnection::sessionBus, &QDBusConnection::systemBus)
+    , m_longWork(m_desktop)
+    , m_jobWatch(m_model, m_longWork, workWindow(m_mainWindow))
 {
     followWindow();
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_connections,

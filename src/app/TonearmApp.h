@@ -19,8 +19,11 @@
 #include "platform/MountMonitor.h"
 #include "platform/OpticalDrives.h"
 #include "platform/PulseSounds.h"
+#include "platform/SessionDesktop.h"
 #include "support/TaskScope.h"
 #include "workflow/AppModel.h"
+#include "workflow/JobWatch.h"
+#include "workflow/LongWork.h"
 #include "workflow/records/GenreCatalog.h"
 
 #include <QCoroTask>
@@ -76,6 +79,9 @@ private:
     AppModel m_model;
     WindowSizes m_windowSizes;
     MainWindow m_mainWindow;
+    SessionDesktop m_desktop;
+    LongWork m_longWork;
+    JobWatch m_jobWatch;
     SingleWindow<CoverArtWindow> m_coverArtWindow;
     // Absent where the mounts of the system can't be watched.
     std::optional<MountMonitor> m_mountMonitor;

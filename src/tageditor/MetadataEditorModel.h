@@ -95,6 +95,8 @@ public:
     QProperty<double> saveProgress;
     /// What came of the last save, until something is edited.
     QProperty<std::optional<QString>> completionMessage;
+    /// Whether the user stopped the last save that has a message.
+    QProperty<bool> wasSaveCancelled;
     /// Files that the last save couldn't write.
     QProperty<QList<SaveFailure>> saveFailures;
     /// Files that wait for the user's answer, because a save would strip them of tags.

@@ -262,6 +262,7 @@ void MetadataEditorModel::showOutcome(const SaveOutcome &outcome)
     const QList<EditableAudioFile> rows = files.value();
     const auto heldBack = std::count_if(rows.begin(), rows.end(),
                                         [this](const EditableAudioFile &row) { return isDirty(row); });
+    wasSaveCancelled = outcome.wasCancelled;
     completionMessage = completionLine({.saved = outcome.saved.size(),
                                         .failed = outcome.failures.size(),
                                         .heldBack = heldBack,

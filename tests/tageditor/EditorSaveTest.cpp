@@ -96,6 +96,7 @@ TEST_F(EditorSave, TouchesNothingButWhatHasChanged)
     m_model.setValue(u"New"_s, Field::artist);
     m_fixture.save();
     expectLine(u"Saved 1 file."_s);
+    EXPECT_FALSE(m_model.wasSaveCancelled.value());
     EXPECT_EQ(artistOf(u"b.flac"_s), u"New"_s);
     for (qsizetype index = 0; index < others.size(); ++index) {
         EXPECT_TRUE(test::readFile(m_fixture.songs().path(others[index])) == contents[index]);
@@ -241,6 +242,7 @@ TEST_F(EditorSave, KeepsWhatWasWrittenWhenItIsStopped)
     m_model.stopSaving();
     m_fixture.waitForSave();
     expectLine(u"Saved 1 file · 2 held back · saving was cancelled."_s);
+    EXPECT_TRUE(m_model.wasSaveCancelled.value());
     EXPECT_EQ(artistOf(u"a.flac"_s), u"New"_s);
     EXPECT_EQ(artistOf(u"b.flac"_s), u"b"_s);
     EXPECT_FALSE(QFile::exists(m_tools.path(u"started-c.flac"_s)));

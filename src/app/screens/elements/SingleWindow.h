@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/screens/elements/WindowFront.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -37,10 +39,7 @@ public:
             if (m_prepare)
                 m_prepare(*m_window);
         }
-        m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
-        m_window->show();
-        m_window->raise();
-        m_window->activateWindow();
+        bringToFront(*m_window);
     }
 
     /// Nothing while it is closed.

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLatin1String>
+
+namespace tonearm {
+
+/// By which desktops know the application: the name of its desktop entry, without ".desktop", and of its
+/// icon.
+inline constexpr QLatin1String desktopEntryName("tonearm");
+
+} // namespace tonearm
