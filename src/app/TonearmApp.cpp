@@ -114,6 +114,11 @@ void TonearmApp::openMainWindow()
     watchDrives();
 }
 
+void TonearmApp::openFile(const QUrl &file)
+{
+    m_model.acceptDroppedFile(file);
+}
+
 void TonearmApp::checkTools()
 {
     m_model.checkFFmpeg();

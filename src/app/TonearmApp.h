@@ -30,6 +30,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QUrl>
 
 #include <optional>
 #include <stop_token>
@@ -49,6 +50,9 @@ public:
 
     /// Shows the main window and starts what belongs to its opening.
     void openMainWindow();
+
+    /// Takes up a file named when the program was started, as if it had been dropped on the main window.
+    void openFile(const QUrl &file);
 
     MainWindow &mainWindow() { return m_mainWindow; }
 

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/LaunchRequest.h"
 #include "app/TonearmApp.h"
 #include "support/ResourceFolder.h"
 #include "support/StateFolder.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QStandardPaths>
 
 #include <fcntl.h>
 #include <unistd.h>
+
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -27,20 +31,62 @@ void settleStandardDescriptors()
         ::close(nothing);
 }
 
+void nameApplication()
+{
+    QCoreApplication::setApplicationName(u"tonearm"_s);
+    QGuiApplication::setApplicationDisplayName(u"Tonearm"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(TONEARM_VERSION));
+    // The name of the desktop entry in packaging/.
+    QGuiApplication::setDesktopFileName(u"example.tonearm.Tonearm"_s);
+}
+
+QStringList wordsOf(int argc, char **argv)
+{
+    QStringList words;
+    for (int index = 0; index < argc; ++index)
+        words.append(QString::fromLocal8Bit(argv[index]));
+    return words;
+}
+
+void showHelp(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    std::fputs(qUtf8Printable(tonearm::launchHelpText()), stdout);
+}
+
+int open(const tonearm::LaunchRequest &request)
+{
+    const QString configuration = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    tonearm::TonearmApp app(configuration + u"/settings.json"_s,
+                            tonearm::stateFolder() + u"/tonearm/windows.json"_s, tonearm::resourceFolder());
+    app.openMainWindow();
+    if (request.file)
+        app.openFile(*request.file);
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     settleStandardDescriptors();
-    QCoreApplication::setApplicationName(u"tonearm"_s);
-    QGuiApplication::setApplicationDisplayName(u"Tonearm"_s);
-    QCoreApplication::setApplicationVersion(QStringLiteral(TONEARM_VERSION));
-    QGuiApplication::setDesktopFileName(u"tonearm"_s);
+    nameApplication();
+    switch (tonearm::launchTextAskedFor(wordsOf(argc, argv))) {
+    case tonearm::LaunchText::help:
+        showHelp(argc, argv);
+        return 0;
+    case tonearm::LaunchText::version:
+        std::puts("tonearm " TONEARM_VERSION);
+        return 0;
+    case tonearm::LaunchText::none:
+        break;
+    }
     const QApplication application(argc, argv);
-
-    const QString configuration = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-    tonearm::TonearmApp app(configuration + u"/settings.json"_s,
-                            tonearm::stateFolder() + u"/tonearm/windows.json"_s, tonearm::resourceFolder());
-    app.openMainWindow();
-    return QApplication::exec();
+    const tonearm::LaunchRequest request =
+        tonearm::readLaunchRequest(QApplication::arguments(), QDir::currentPath());
+    if (!request.problem.isEmpty()) {
+        std::fprintf(stderr, "tonearm: %s\n", qUtf8Printable(request.problem));
+        return 2;
+    }
+    return open(request);
 }

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Drives the real program through a whole job with nothing but what a screen reader has.
 
-    whole_job.py <program>
+    whole_job.py <program> [<argument>...]
 
 Ends with 77 where the machine hasn't got what that takes.
 """
@@ -40,7 +40,7 @@ def main():
         return CANNOT
     with Desktop() as desktop:
         source, output = prepare(desktop.path)
-        program = desktop.start(sys.argv[1])
+        program = desktop.start(*sys.argv[1:])
         # Only now: it looks for the bus as it is loaded.
         from screen_reader import ScreenReader
         reader = ScreenReader(program.pid)
@@ -121,6 +121,7 @@ def check_files(folder):
     names = sorted(path.name for path in folder.iterdir())
     expect(names[:2] == ["01-One.flac", "02-Zwei.flac"], f"two tracks among {names}")
     expect(len(names) == 3 and names[2].endswith(".log"), f"a log among {names}")
+    subprocess.run(["flac", "--test", "--silent", *folder.glob("*.flac")], check=True)
     tags = subprocess.run(["metaflac", "--export-tags-to=-", str(folder / "02-Zwei.flac")], check=True,
                           capture_output=True, text=True).stdout.splitlines()
     for tag in ("title=Zwei", "artist=The Artist", "album=The Album", "date=1969", "genre=Acoustic"):

@@ -18,24 +18,43 @@ class _Event(ctypes.Union):
     _fields_ = [("client", _ClientMessage), ("room", ctypes.c_long * 24)]
 
 
+class _ClassHint(ctypes.Structure):
+    _fields_ = [("name", ctypes.c_char_p), ("group", ctypes.c_char_p)]
+
+
 def close(title):
     """Asks the program of the one top-level window with that title to close it."""
     x11 = _library()
     display = x11.XOpenDisplay(None)
-    protocols = x11.XInternAtom(display, b"WM_PROTOCOLS", False)
+    window, request = _the_one(x11, display, title)
+    event = _Event()
+    event.client.type = CLIENT_MESSAGE
+    event.client.window = window
+    event.client.message_type = x11.XInternAtom(display, b"WM_PROTOCOLS", False)
+    event.client.format = 32
+    event.client.data[0] = request
+    x11.XSendEvent(display, window, False, 0, ctypes.byref(event))
+    x11.XCloseDisplay(display)
+
+
+def classes_of(title):
+    """The two names by which a desktop finds the entry in its menu that a window belongs to."""
+    x11 = _library()
+    display = x11.XOpenDisplay(None)
+    hint = _ClassHint()
+    x11.XGetClassHint(display, _the_one(x11, display, title)[0], ctypes.byref(hint))
+    x11.XCloseDisplay(display)
+    return [hint.name.decode(), hint.group.decode()]
+
+
+def _the_one(x11, display, title):
+    """The one top-level window with that title, and the request by which it is closed."""
     request = x11.XInternAtom(display, b"WM_DELETE_WINDOW", False)
     windows = [window for window in _top_level_windows(x11, display)
                if _title_of(x11, display, window) == title and request in _protocols_of(x11, display, window)]
     if len(windows) != 1:
         raise AssertionError(f'there are {len(windows)} windows "{title}"')
-    event = _Event()
-    event.client.type = CLIENT_MESSAGE
-    event.client.window = windows[0]
-    event.client.message_type = protocols
-    event.client.format = 32
-    event.client.data[0] = request
-    x11.XSendEvent(display, windows[0], False, 0, ctypes.byref(event))
-    x11.XCloseDisplay(display)
+    return windows[0], request
 
 
 def _library():
@@ -48,6 +67,7 @@ def _library():
     x11.XFetchName.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.POINTER(ctypes.c_char_p)]
     x11.XGetWMProtocols.argtypes = [ctypes.c_void_p, ctypes.c_ulong,
                                     ctypes.POINTER(ctypes.POINTER(ctypes.c_ulong)), ctypes.POINTER(ctypes.c_int)]
+    x11.XGetClassHint.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.POINTER(_ClassHint)]
     x11.XSendEvent.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_long,
                                ctypes.c_void_p]
     x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
