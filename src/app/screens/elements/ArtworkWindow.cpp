@@ -4,13 +4,13 @@
 #include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/Divider.h"
 #include "app/screens/elements/PlaceholderScreen.h"
+#include "app/screens/elements/WindowFit.h"
 
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QScreen>
 #include <QScrollArea>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -96,8 +96,7 @@ ArtworkWindow::ArtworkWindow(const QString &title, const ArtworkPlaceholder &pla
     m_places->addWidget(
         new PlaceholderScreen({IconName::picture, placeholder.title, placeholder.text}, this));
     m_places->addWidget(makePictureView());
-    for (const QKeySequence &keys : {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::Key_Escape)})
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, &QWidget::close);
+    addCloseKeys(this);
 }
 
 QWidget *ArtworkWindow::makePictureView()

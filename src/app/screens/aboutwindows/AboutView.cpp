@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/aboutwindows/AboutView.h"
+
+#include "app/screens/aboutwindows/BundledToolsPanel.h"
+#include "app/screens/aboutwindows/LinkButton.h"
+#include "app/screens/elements/AppIcon.h"
+#include "app/screens/elements/GroupPanel.h"
+#include "app/screens/elements/TextStyle.h"
+#include "app/screens/elements/WindowFit.h"
+#include "workflow/AppModel.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace tonearm {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int windowWidth = 480;
+constexpr int padding = 24;
+constexpr int groupGap = 20;
+constexpr int lineGap = 6;
+constexpr int iconSide = 96;
+constexpr double nameSize = 22;
+
+// Nothing to a screen reader: the name stands below it.
+class AppIconView final : public QWidget
+{
+public:
+    explicit AppIconView(QWidget *parent)
+        : QWidget(parent)
+    {
+        setFixedSize(iconSide, iconSide);
+    }
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QPainter painter(this);
+        m_icon.paint(&painter, rect());
+    }
+
+private:
+    QIcon m_icon = applicationIcon();
+};
+
+QLabel *centred(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignHCenter);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+AboutView::AboutView(AppModel &model, const VersionRecord &record, OpenLink openLink)
+    : m_model(model)
+    , m_openLink(std::move(openLink))
+{
+    setWindowTitle(u"About Tonearm"_s);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(padding, padding, padding, padding);
+    column->setSpacing(groupGap);
+    column->addWidget(makeProduct(record.version));
+    column->addWidget(makeMaker());
+    column->addWidget(new BundledToolsPanel(model, this));
+    column->addWidget(makeReference());
+    column->addWidget(makeLicences());
+    addCopyright(column, record.copyright);
+    keepFitted(this, windowWidth);
+    addCloseKeys(this);
+}
+
+void AboutView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // Not when the desktop brings a minimised window back.
+    if (event->spontaneous())
+        return;
+    if (std::holds_alternative<FFmpegChecking>(m_model.ffmpegStatus.value()))
+        m_model.checkFFmpeg();
+    m_model.checkCDParanoia();
+}
+
+QWidget *AboutView::makeProduct(const QString &version)
+{
+    auto *product = new QWidget(this);
+    auto *name = centred(u"Tonearm"_s, product);
+    QFont large;
+    large.setPointSizeF(nameSize);
+    large.setWeight(QFont::DemiBold);
+    name->setFont(large);
+    auto *versionLine = centred(u"Version "_s + version, product);
+    versionLine->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    applyTextStyle(versionLine, TextStyle::secondary);
+
+    auto *column = new QVBoxLayout(product);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(lineGap);
+    column->addWidget(new AppIconView(product), 0, Qt::AlignHCenter);
+    column->addWidget(name);
+    column->addWidget(versionLine);
+    column->addWidget(
+        centred(u"Rip your music from CDs or Blu-ray Audio Discs with no loss in quality."_s, product));
+    return product;
+}
+
+QWidget *AboutView::makeMaker()
+{
+    auto *group = new GroupPanel(facts::makerName.toString(), this);
+    addLink(group, u"News and Updates"_s, facts::newsPage);
+    addLink(group, u"Tonearm Product Page"_s, facts::productPage);
+    return group;
+}
+
+QWidget *AboutView::makeReference()
+{
+    auto *group = new GroupPanel(u"Reference"_s, this);
+    addLink(group, u"MusicBrainz API documentation"_s, facts::musicBrainzDocumentation);
+    addLink(group, u"Discogs API documentation"_s, facts::discogsDocumentation);
+    return group;
+}
+
+QWidget *AboutView::makeLicences()
+{
+    auto *group = new GroupPanel(u"Licences"_s, this);
+    auto *text = new QLabel(u"Tonearm bundles ffmpeg and cd-paranoia, which run as separate programs under "
+                            "the LGPL and GPL. Their full licence text ships inside the app."_s,
+                            group);
+    text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
+    auto *button = new QPushButton(u"Show Licences…"_s, group);
+    connect(button, &QPushButton::clicked, this, &AboutView::licencesRequested);
+    group->content()->addWidget(text);
+    group->content()->addWidget(button, 0, Qt::AlignLeading);
+    return group;
+}
+
+void AboutView::addLink(GroupPanel *group, const QString &text, QStringView page)
+{
+    auto *link = new LinkButton(text, group);
+    const QUrl url(page.toString());
+    link->setToolTip(url.toString());
+    connect(link, &LinkButton::clicked, this, [this, url] { m_openLink(url); });
+    group->content()->setSpacing(lineGap);
+    group->content()->addWidget(link, 0, Qt::AlignLeading);
+}
+
+void AboutView::addCopyright(QVBoxLayout *column, const QString &notice)
+{
+    if (notice.isEmpty())
+        return;
+    auto *label = centred(notice, this);
+    applyTextStyle(label, TextStyle::smallSecondary);
+    column->addWidget(label);
+}
+
+} // namespace tonearm
