@@ -42,7 +42,8 @@ int main(int argc, char **argv)
         std::fputs("usage: tonearm-sample SOURCE OUTPUT SCREENSHOT CONFIGURATION\n", stderr);
         return 2;
     }
-    tonearm::TonearmApp app(arguments[4] + u"/settings.json"_s, tonearm::resourceFolder());
+    tonearm::TonearmApp app(arguments[4] + u"/settings.json"_s, arguments[4] + u"/windows.json"_s,
+                            tonearm::resourceFolder());
     try {
         carryOut(app, arguments);
     } catch (const std::runtime_error &error) {

@@ -2,49 +2,32 @@
 #include "app/TonearmApp.h"
 
 #include "app/screens/elements/WindowFront.h"
-#include "platform/MountTable.h"
 #include "platform/SystemBus.h"
-#include "tools/ProcessRunner.h"
-#include "tools/ToolLocation.h"
 
-#include <QCoreApplication>
-#include <QDesktopServices>
-#include <QDir>
+#include <QDBusConnection>
 #include <QGuiApplication>
 #include <QPointer>
-#include <QStandardPaths>
 
+#include <functional>
 #include <system_error>
 #include <utility>
 
 namespace tonearm {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-constexpr QLatin1StringView helpPage("https://tonearm.example/help");
-
-// It lies beside this program.
-QUrl volumeProgram()
+// The window may be closed by then, as when a notification is clicked late.
+WorkWindow workWindow(const std::function<QWidget *()> &find)
 {
-    return QUrl::fromLocalFile(QCoreApplication::applicationDirPath() + u"/tonearm-cddafs"_s);
-}
-
-QString volumeFolder()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + u"/tonearm"_s;
-}
-
-// A notification may be clicked when the window is gone.
-WorkWindow workWindow(QWidget &window)
-{
-    return {.isInFront = [window = QPointer(&window)] { return window && isInFront(*window); },
-            .bringToFront =
-                [window = QPointer(&window)] {
-                    if (window)
-                        bringToFront(*window);
-                }};
+    const auto isThereAndInFront = [find] {
+        const QWidget *window = find();
+        return window && isInFront(*window);
+    };
+    const auto bringIt = [find] {
+        if (QWidget *window = find())
+            bringToFront(*window);
+    };
+    return {.isInFront = isThereAndInFront, .bringToFront = bringIt};
 }
 
 } // namespace
@@ -53,23 +36,24 @@ TonearmApp::TonearmApp(const QString &settingsFile, const QString &sizesFile,
                        const std::optional<QString> &resourceFolder, const ServiceAddresses &addresses)
     : m_settingsStore(settingsFile)
     , m_settings(m_settingsStore)
-    , m_genres(resourceFolder.value_or(QString()) + u"/Genres.json"_s)
-    , m_artworkFolder(std::make_shared<ArtworkFolder>(QDir::tempPath()))
-    , m_onlineServices(addresses, QStringLiteral(TONEARM_VERSION))
-    , m_previewService(ToolLocation(resourceFolder), QDir::tempPath())
-    , m_previewPlayer(m_sounds)
-    , m_discService(std::make_shared<MountTable>())
-    , m_discRipper(QDir::tempPath())
-    , m_secureRipper(ToolLocation(resourceFolder), QDir::tempPath())
-    , m_drives(volumeProgram(), volumeFolder())
-    , m_model(m_settings, services(ToolLocation(resourceFolder)))
-    , m_windowSizes(sizesFile)
-    , m_mainWindow(m_model, m_genres)
+    , m_services(resourceFolder, addresses)
+    , m_model(m_settings, m_services.forJobs())
+    , m_metadataEditor(m_settings, m_services.forTags())
+    , m_windows({.settings = m_settings,
+                 .model = m_model,
+                 .metadataEditor = m_metadataEditor,
+                 .artworkViewer = m_artworkViewer,
+                 .genres = m_services.genres(),
+                 .panels = m_services.panels(),
+                 .resourceFolder = resourceFolder},
+                sizesFile)
     , m_desktop(&QDBusConnection::sessionBus, &QDBusConnection::systemBus)
     , m_longWork(m_desktop)
-    , m_jobWatch(m_model, m_longWork, workWindow(m_mainWindow))
+    , m_jobWatch(m_model, m_longWork,
+                 workWindow([window = QPointer<QWidget>(&mainWindow())] { return window.data(); }))
+    , m_saveWatch(m_metadataEditor, m_longWork,
+                  workWindow([this]() -> QWidget * { return m_windows.metadataEditor(); }))
 {
-    followWindow();
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &m_connections,
                      [this](Qt::ApplicationState state) {
                          if (state == Qt::ApplicationActive)
@@ -77,38 +61,9 @@ TonearmApp::TonearmApp(const QString &settingsFile, const QString &sizesFile,
                      });
 }
 
-void TonearmApp::followWindow()
-{
-    m_windowSizes.follow(m_mainWindow, u"main"_s);
-    QObject::connect(&m_mainWindow, &MainWindow::coverArtRequested, &m_connections,
-                     [this] { m_coverArtWindow.open(m_model); });
-    QObject::connect(&m_mainWindow, &MainWindow::helpRequested, &m_connections,
-                     [] { QDesktopServices::openUrl(QUrl(helpPage)); });
-}
-
-AppModel::Services TonearmApp::services(const ToolLocation &tools)
-{
-    return {.tools = tools,
-            .processRunner = {},
-            .chapterExtractor = ChapterExtractionService(tools),
-            .encoder = AudioEncodingService(tools),
-            .metadataSearch = m_onlineServices.metadataSearch(),
-            .coverArtService = m_onlineServices.coverArt(),
-            .artworkFolder = m_artworkFolder,
-            .previewService = m_previewService,
-            .previewPlayer = m_previewPlayer,
-            .discService = m_discService,
-            .discRipper = m_discRipper,
-            .secureRipper = m_secureRipper,
-            .discEjector = m_drives,
-            .panels = m_panels,
-            .fileViewer = m_fileViewer,
-            .appVersion = QStringLiteral(TONEARM_VERSION)};
-}
-
 void TonearmApp::openMainWindow()
 {
-    m_mainWindow.show();
+    mainWindow().show();
     checkTools();
     watchDiscs();
     watchDrives();
@@ -148,7 +103,7 @@ void TonearmApp::watchDrives()
 QCoro::Task<> TonearmApp::followDrives(std::stop_token stop)
 {
     const QDBusConnection bus = co_await connectToBus(systemBusAddress(), stop);
-    m_drives.follow(bus);
+    m_services.drives().follow(bus);
 }
 
 } // namespace tonearm

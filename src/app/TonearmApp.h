@@ -1,30 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/screens/elements/SingleWindow.h"
-#include "app/screens/elements/WindowSizes.h"
-#include "app/screens/mainwindow/CoverArtWindow.h"
-#include "app/screens/mainwindow/MainWindow.h"
+#include "app/AppServices.h"
+#include "app/AppWindows.h"
 #include "app/settings/AppSettings.h"
 #include "app/settings/SettingsStore.h"
-#include "artwork/ArtworkFolder.h"
-#include "disc/DiscRippingService.h"
-#include "disc/OpticalDiscService.h"
-#include "disc/ParanoiaRippingService.h"
-#include "encoding/AudioPreviewPlayer.h"
-#include "encoding/ChapterPreviewService.h"
-#include "metadata/OnlineServices.h"
-#include "platform/DesktopFileViewer.h"
-#include "platform/DesktopPanels.h"
+#include "metadata/ServiceAddresses.h"
 #include "platform/MountMonitor.h"
-#include "platform/OpticalDrives.h"
-#include "platform/PulseSounds.h"
 #include "platform/SessionDesktop.h"
 #include "support/TaskScope.h"
+#include "tageditor/ArtworkViewer.h"
+#include "tageditor/MetadataEditorModel.h"
+#include "tageditor/SaveWatch.h"
 #include "workflow/AppModel.h"
 #include "workflow/JobWatch.h"
 #include "workflow/LongWork.h"
-#include "workflow/records/GenreCatalog.h"
 
 #include <QCoroTask>
 
@@ -54,13 +44,15 @@ public:
     /// Takes up a file named when the program was started, as if it had been dropped on the main window.
     void openFile(const QUrl &file);
 
-    MainWindow &mainWindow() { return m_mainWindow; }
+    AppWindows &windows() { return m_windows; }
+
+    MainWindow &mainWindow() { return m_windows.mainWindow(); }
 
     AppModel &model() { return m_model; }
 
+    MetadataEditorModel &metadataEditor() { return m_metadataEditor; }
+
 private:
-    AppModel::Services services(const ToolLocation &tools);
-    void followWindow();
     void checkTools();
     void watchDiscs();
     void watchDrives();
@@ -68,25 +60,15 @@ private:
 
     SettingsStore m_settingsStore;
     AppSettings m_settings;
-    GenreCatalog m_genres;
-    DesktopPanels m_panels;
-    DesktopFileViewer m_fileViewer;
-    std::shared_ptr<ArtworkFolder> m_artworkFolder;
-    OnlineServices m_onlineServices;
-    ChapterPreviewService m_previewService;
-    PulseSounds m_sounds;
-    AudioPreviewPlayer m_previewPlayer;
-    OpticalDiscService m_discService;
-    DiscRippingService m_discRipper;
-    ParanoiaRippingService m_secureRipper;
-    OpticalDrives m_drives;
+    AppServices m_services;
     AppModel m_model;
-    WindowSizes m_windowSizes;
-    MainWindow m_mainWindow;
+    MetadataEditorModel m_metadataEditor;
+    ArtworkViewer m_artworkViewer;
+    AppWindows m_windows;
     SessionDesktop m_desktop;
     LongWork m_longWork;
     JobWatch m_jobWatch;
-    SingleWindow<CoverArtWindow> m_coverArtWindow;
+    SaveWatch m_saveWatch;
     // Absent where the mounts of the system can't be watched.
     std::optional<MountMonitor> m_mountMonitor;
     // The end of the connections to the application.

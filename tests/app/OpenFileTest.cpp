@@ -19,7 +19,7 @@ namespace {
 struct OpenFile : testing::Test
 {
     QTemporaryDir folder;
-    TonearmApp app{folder.filePath(u"settings.json"_s), resourceFolder()};
+    TonearmApp app{folder.filePath(u"settings.json"_s), folder.filePath(u"windows.json"_s), resourceFolder()};
 
     // As main() does.
     void openWith(const QString &path)

@@ -11,6 +11,7 @@ namespace facts {
 
 inline constexpr QStringView makerName = u"The Tonearm Project";
 inline constexpr QStringView newsPage = u"https://tonearm.example/news";
+inline constexpr QStringView helpPage = u"https://tonearm.example/help";
 inline constexpr QStringView productPage = u"https://tonearm.example/";
 inline constexpr QStringView musicBrainzDocumentation = u"https://musicbrainz.org/doc/MusicBrainz_API";
 inline constexpr QStringView discogsDocumentation = u"https://www.discogs.com/developers";
