@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/ProbeReply.h"
 
-#include "support/Json.h"
+#include "support/JsonLists.h"
 #include "support/Numbers.h"
 #include "support/Text.h"
 
@@ -53,15 +53,6 @@ ProbedStream probedStream(const JsonNode &node)
         .bitsPerRawSample = node.findText(u"bits_per_raw_sample"_s),
         .bitRate = node.findText(u"bit_rate"_s),
     };
-}
-
-template <typename Entry>
-QList<Entry> readList(const JsonNode &reply, const QString &key, Entry (*read)(const JsonNode &))
-{
-    QList<Entry> result;
-    for (const JsonNode &element : reply.findElements(key).value_or(QList<JsonNode>()))
-        result.append(read(element));
-    return result;
 }
 
 QString titleOf(const ProbedChapter &chapter, qint64 index)

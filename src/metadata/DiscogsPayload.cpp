@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/DiscogsPayload.h"
 
-#include "metadata/ReplyLists.h"
+#include "support/JsonLists.h"
 #include "web/LenientString.h"
 
 namespace tonearm::discogs {

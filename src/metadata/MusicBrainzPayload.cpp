@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/MusicBrainzPayload.h"
 
-#include "metadata/ReplyLists.h"
+#include "support/JsonLists.h"
 
 namespace tonearm::musicBrainz {
 

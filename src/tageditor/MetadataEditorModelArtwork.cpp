@@ -2,6 +2,7 @@
 // What the user wants to become of the pictures.
 #include "artwork/CoverArtError.h"
 #include "artwork/CoverArtPreparation.h"
+#include "artwork/ImageFileName.h"
 #include "artwork/PictureDecoding.h"
 #include "support/Background.h"
 #include "support/PathText.h"
@@ -14,12 +15,6 @@ namespace tonearm {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QStringList &imageExtensions()
-{
-    static const QStringList extensions = {u"jpg"_s, u"jpeg"_s, u"png"_s};
-    return extensions;
-}
 
 struct ReadyArtwork
 {
@@ -46,9 +41,8 @@ bool MetadataEditorModel::acceptImage(const QUrl &url)
 {
     if (selectedFiles().isEmpty())
         return false;
-    const QString extension = lowerCaseExtension(url);
-    if (!imageExtensions().contains(extension)) {
-        const CoverArtError error = CoverArtError::unsupportedImageType(extension.toUpper());
+    if (!hasImageExtension(url)) {
+        const CoverArtError error = CoverArtError::unsupportedImageType(lowerCaseExtension(url).toUpper());
         alert = AlertContent(u"Unsupported Image"_s, std::make_exception_ptr(error));
         return false;
     }

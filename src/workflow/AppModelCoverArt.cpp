@@ -5,6 +5,7 @@
 #include "artwork/ByteCountText.h"
 #include "artwork/CoverArtError.h"
 #include "artwork/CoverArtPreparation.h"
+#include "artwork/ImageFileName.h"
 #include "artwork/PictureDecoding.h"
 #include "support/Background.h"
 #include "support/Cancellation.h"
@@ -21,12 +22,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 bytesPerKilobyte = 1024;
-
-const QStringList &coverArtExtensions()
-{
-    static const QStringList extensions = {u"jpg"_s, u"jpeg"_s, u"png"_s};
-    return extensions;
-}
 
 struct UsableArt
 {
@@ -91,7 +86,7 @@ void AppModel::chooseCoverArt()
         OpenPanelRequest request;
         request.title = u"Select Cover Art"_s;
         request.prompt = u"Choose"_s;
-        request.extensions = coverArtExtensions();
+        request.extensions = imageExtensions();
         const std::optional<QUrl> chosen = co_await m_services.panels.choose(request, stop);
         if (chosen)
             useCoverArtFile(*chosen);
@@ -100,7 +95,7 @@ void AppModel::chooseCoverArt()
 
 bool AppModel::useCoverArtFile(const QUrl &url)
 {
-    if (!coverArtExtensions().contains(lowerCaseExtension(url))) {
+    if (!hasImageExtension(url)) {
         alert = AlertContent(
             u"Unsupported Image"_s,
             u"\"%1\" isn't a JPEG or PNG. FLAC cover art has to be one of those two formats."_s.arg(

@@ -147,7 +147,7 @@ TEST_F(NotificationsTest, HandOverTheRightToComeToTheFront)
 TEST_F(NotificationsTest, AreLostWithoutAServiceAndShownByOneThatComesLater)
 {
     notify(u"lost"_s);
-    // The session manager's absence is told after that of the other service.
+    // When this one is asked the bus has told that the other isn't there.
     test::ServiceStandIn powerManager(session.connect(), u"org.freedesktop.PowerManagement"_s);
     powerManager.appear();
     desktop->keepAwake(u"Encoding to FLAC"_s);

@@ -12,6 +12,8 @@
 #include <QDBusUnixFileDescriptor>
 #include <QElapsedTimer>
 
+#include <optional>
+
 #include <poll.h>
 
 namespace tonearm {
@@ -148,16 +150,21 @@ TEST_F(SleepInhibitionTest, GoesOnIfAnAnswerIsNotAsAgreed)
 
 TEST_F(SleepInhibitionTest, GoesOnIfAServiceEndsWithoutAnAnswer)
 {
-    const QDBusConnection connection = session.connect();
-    test::ServiceStandIn mute(connection, u"org.gnome.SessionManager"_s);
-    mute.holdAnswers();
-    mute.appear();
+    // It has the one connection that goes with it.
+    std::optional<QDBusConnection> connection = session.connect();
+    const QString connectionName = connection->name();
+    std::optional<test::ServiceStandIn> mute;
+    mute.emplace(*connection, u"org.gnome.SessionManager"_s);
+    connection.reset();
+    mute->holdAnswers();
+    mute->appear();
     powerManager.answer(u"Inhibit"_s, {cookie});
     powerManager.appear();
     keepAwake();
-    ASSERT_TRUE(hasCalls(mute, 1));
+    ASSERT_TRUE(hasCalls(*mute, 1));
     EXPECT_TRUE(powerManager.calls().isEmpty());
-    QDBusConnection::disconnectFromBus(connection.name());
+    mute.reset();
+    QDBusConnection::disconnectFromBus(connectionName);
     EXPECT_TRUE(hasCalls(powerManager, 1));
 }
 
