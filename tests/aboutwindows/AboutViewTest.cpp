@@ -6,7 +6,8 @@
 #include "app/screens/elements/AppIcon.h"
 #include "helpers/Rendering.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QPainter>
 #include <QSignalSpy>
 
 namespace tonearm {

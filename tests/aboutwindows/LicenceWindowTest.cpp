@@ -162,6 +162,7 @@ TEST_F(LicenceWindowTest, ShowsTextThatCanBeMarkedButNotChanged)
     EXPECT_TRUE(text().textInteractionFlags() & Qt::TextSelectableByMouse);
     EXPECT_TRUE(text().textInteractionFlags() & Qt::TextSelectableByKeyboard);
     EXPECT_TRUE(QFontInfo(text().font()).fixedPitch());
+    EXPECT_LT(text().font().pointSizeF(), window->font().pointSizeF());
     EXPECT_EQ(text().document()->documentMargin(), 16);
     text().setFocus();
     type(u"x"_s);

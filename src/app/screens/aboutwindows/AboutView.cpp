@@ -9,6 +9,7 @@
 #include "app/screens/elements/WindowFit.h"
 #include "workflow/AppModel.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -27,6 +28,7 @@ constexpr int windowWidth = 480;
 constexpr int padding = 24;
 constexpr int groupGap = 20;
 constexpr int lineGap = 6;
+constexpr int linkGap = 20;
 constexpr int iconSide = 96;
 constexpr double nameSize = 22;
 
@@ -116,18 +118,14 @@ QWidget *AboutView::makeProduct(const QString &version)
 
 QWidget *AboutView::makeMaker()
 {
-    auto *group = new GroupPanel(facts::makerName.toString(), this);
-    addLink(group, u"News and Updates"_s, facts::newsPage);
-    addLink(group, u"Tonearm Product Page"_s, facts::productPage);
-    return group;
+    return makeLinks(facts::makerName.toString(), {{u"News and Updates"_s, facts::newsPage},
+                                                   {u"Tonearm Product Page"_s, facts::productPage}});
 }
 
 QWidget *AboutView::makeReference()
 {
-    auto *group = new GroupPanel(u"Reference"_s, this);
-    addLink(group, u"MusicBrainz API documentation"_s, facts::musicBrainzDocumentation);
-    addLink(group, u"Discogs API documentation"_s, facts::discogsDocumentation);
-    return group;
+    return makeLinks(u"Reference"_s, {{u"MusicBrainz API documentation"_s, facts::musicBrainzDocumentation},
+                                      {u"Discogs API documentation"_s, facts::discogsDocumentation}});
 }
 
 QWidget *AboutView::makeLicences()
@@ -145,14 +143,22 @@ QWidget *AboutView::makeLicences()
     return group;
 }
 
-void AboutView::addLink(GroupPanel *group, const QString &text, QStringView page)
+// Side by side, so that the window isn't higher than a small screen.
+QWidget *AboutView::makeLinks(const QString &title, const QList<Link> &links)
 {
-    auto *link = new LinkButton(text, group);
-    const QUrl url(page.toString());
-    link->setToolTip(url.toString());
-    connect(link, &LinkButton::clicked, this, [this, url] { m_openLink(url); });
-    group->content()->setSpacing(lineGap);
-    group->content()->addWidget(link, 0, Qt::AlignLeading);
+    auto *group = new GroupPanel(title, this);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(linkGap);
+    group->content()->addLayout(row);
+    for (const Link &link : links) {
+        const QUrl page(link.page.toString());
+        auto *button = new LinkButton(link.text, group);
+        button->setToolTip(page.toString());
+        connect(button, &LinkButton::clicked, this, [this, page] { m_openLink(page); });
+        row->addWidget(button);
+    }
+    row->addStretch();
+    return group;
 }
 
 void AboutView::addCopyright(QVBoxLayout *column, const QString &notice)

@@ -3,6 +3,7 @@
 
 #include "app/screens/aboutwindows/AboutFacts.h"
 
+#include <QList>
 #include <QUrl>
 #include <QWidget>
 
@@ -13,7 +14,6 @@ class QVBoxLayout;
 namespace tonearm {
 
 class AppModel;
-class GroupPanel;
 
 /// The About window. Opening it has the model look for the audio tools unless they are known.
 class AboutView : public QWidget
@@ -35,11 +35,17 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    struct Link
+    {
+        QString text;
+        QStringView page;
+    };
+
+    QWidget *makeLinks(const QString &title, const QList<Link> &links);
     QWidget *makeProduct(const QString &version);
     QWidget *makeMaker();
     QWidget *makeReference();
     QWidget *makeLicences();
-    void addLink(GroupPanel *group, const QString &text, QStringView page);
     void addCopyright(QVBoxLayout *column, const QString &notice);
 
     AppModel &m_model;

@@ -8,6 +8,7 @@
 #include "support/Cancellation.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QSplitter>
@@ -24,6 +25,7 @@ namespace {
 constexpr QSize smallestSize(700, 520);
 constexpr QSize defaultSize(780, 620);
 constexpr int sidebarWidth = 180;
+constexpr int itemSpacing = 3;
 constexpr int textPadding = 16;
 
 PlaceholderContent noLicences()
@@ -31,6 +33,18 @@ PlaceholderContent noLicences()
     return {
         IconName::document, u"No Licences Found"_s,
         u"This copy of Tonearm came without its licence texts. Installing it again should bring them back."_s};
+}
+
+// A size smaller than the text around. Family and size are set here by name, since a widget inherits
+// what its font only happens to have.
+QFont monospaced(const QFont &around)
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const bool isFixed = QFontInfo(font).fixedPitch();
+    font.setFamilies(isFixed ? font.families() : QStringList{u"monospace"_s});
+    font.setStyleHint(QFont::Monospace);
+    font.setPointSizeF(fontOf(TextStyle::small, around).pointSizeF());
+    return font;
 }
 
 } // namespace
@@ -88,6 +102,7 @@ QWidget *LicenceWindow::makeList()
     m_list = new QListWidget(this);
     m_list->setAccessibleName(u"Licences"_s);
     m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setSpacing(itemSpacing);
     connect(m_list, &QListWidget::currentRowChanged, this, &LicenceWindow::select);
     return m_list;
 }
@@ -100,7 +115,7 @@ QWidget *LicenceWindow::makeText()
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     // Tab leads on, it isn't typed.
     m_text->setTabChangesFocus(true);
-    m_text->setFont(fontOf(TextStyle::small, QFontDatabase::systemFont(QFontDatabase::FixedFont)));
+    m_text->setFont(monospaced(font()));
     m_text->document()->setDocumentMargin(textPadding);
     return m_text;
 }

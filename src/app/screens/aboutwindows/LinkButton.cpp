@@ -12,7 +12,7 @@ namespace tonearm {
 namespace {
 
 // Room for the frame that shows the focus.
-constexpr QMargins margins(3, 1, 3, 1);
+constexpr QMargins margins(1, 1, 1, 1);
 
 } // namespace
 
