@@ -54,13 +54,15 @@ protected:
 
 TEST_F(EditorRowsTest, ShowTheNameAndTheTagsOfAFile)
 {
-    m_rows.setFiles({rowOf(u"a.flac"_s, {.trackPosition = u"1"_s,
-                                         .artist = u"Artist"_s,
-                                         .album = u"Album"_s,
-                                         .title = u"Title"_s,
-                                         .year = u"1999"_s,
-                                         .genre = u"Jazz"_s,
-                                         .discNumber = u"2"_s})});
+    AudioFileTags tags;
+    tags.trackPosition = u"1"_s;
+    tags.artist = u"Artist"_s;
+    tags.album = u"Album"_s;
+    tags.title = u"Title"_s;
+    tags.year = u"1999"_s;
+    tags.genre = u"Jazz"_s;
+    tags.discNumber = u"2"_s;
+    m_rows.setFiles({rowOf(u"a.flac"_s, tags)});
     QStringList texts;
     for (int column = 0; column < m_rows.columnCount(); ++column)
         texts.append(cell(0, column).toString());

@@ -28,14 +28,15 @@ QList<EditableAudioFile> someSongs()
                                 u"Noon"_s,    u"Afternoon"_s,
                                 u"Evening"_s, u"Night"_s};
     for (const QString &title : titles) {
-        const QString number = QString::number(rows.size() + 1);
-        rows.append(rowOf(u"0%1 %2.flac"_s.arg(number, title), {.trackPosition = number,
-                                                                .artist = u"The Quartet"_s,
-                                                                .album = u"Hours of the Day"_s,
-                                                                .title = title,
-                                                                .year = u"1987"_s,
-                                                                .genre = u"Jazz"_s,
-                                                                .discNumber = u"1"_s}));
+        AudioFileTags tags;
+        tags.trackPosition = QString::number(rows.size() + 1);
+        tags.artist = u"The Quartet"_s;
+        tags.album = u"Hours of the Day"_s;
+        tags.title = title;
+        tags.year = u"1987"_s;
+        tags.genre = u"Jazz"_s;
+        tags.discNumber = u"1"_s;
+        rows.append(rowOf(u"0%1 %2.flac"_s.arg(tags.trackPosition, title), tags));
     }
     rows.insert(3, unreadableRow(u"03b Broken Recording.mp3"_s));
     return rows;

@@ -62,7 +62,6 @@ QImage lookOf(ShownTable &shown, int row, int column)
 
 QString tooltipAt(ShownTable &shown, int row, int column)
 {
-    QToolTip::hideText();
     const QPoint place = shown.list().visualRect(shown.list().model()->index(row, column)).center();
     QHelpEvent event(QEvent::ToolTip, place, shown.list().viewport()->mapToGlobal(place));
     QApplication::sendEvent(shown.list().viewport(), &event);
@@ -148,8 +147,8 @@ TEST(MetadataEditorTable, GivesReasonsAndShortenedTextsAsTooltips)
 {
     const QString tooLong = QString(100, u'w');
     ShownTable shown({unreadableRow(u"a"_s), rowOf(u"b"_s, tagsWith(Field::artist, tooLong))});
-    EXPECT_TRUE(tooltipAt(shown, 0, nameColumn).contains(u"Tags couldn't be read."_s));
     EXPECT_EQ(tooltipAt(shown, 1, nameColumn), QString());
+    EXPECT_TRUE(tooltipAt(shown, 0, nameColumn).contains(u"Tags couldn't be read."_s));
     EXPECT_TRUE(tooltipAt(shown, 1, artistColumn).contains(tooLong));
 }
 

@@ -31,7 +31,7 @@ QList<EditableAudioFile> manyRows(int count)
         AudioFileTags tags = tagsWith(EditableTagField::artist, u"The Artist"_s);
         tags.title = u"Song No. %1"_s.arg(number);
         tags.trackPosition = QString::number(number);
-        rows.append(rowOf(u"%1.flac"_s.arg(number, 5, 10, u'0'), tags));
+        rows.append(rowOf(u"%1.flac"_s.arg(number, 5, 10, QChar(u'0')), tags));
     }
     return rows;
 }

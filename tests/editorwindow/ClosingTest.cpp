@@ -219,7 +219,9 @@ TEST_F(EditorClosing, LeavesAModelForTheNextWindow)
     // With nobody to look at them.
     show({filledRow(u"b.flac"_s)});
     model.setValue(u"Other"_s, Field::artist);
+    ASSERT_EQ(model.commonValue(Field::artist), CommonValue::value(u"Other"_s));
     ASSERT_NO_FATAL_FAILURE(openAgain());
+    EXPECT_EQ(model.selection.value().size(), 1);
     EXPECT_EQ(named<QLineEdit>(widget(), u"Artist"_s)->text(), u"Other"_s);
     EXPECT_TRUE(widget().findChildren<QMessageBox *>().isEmpty());
 }

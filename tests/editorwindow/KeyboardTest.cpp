@@ -16,7 +16,7 @@ namespace {
 
 struct EditorKeyboardTest : EditorWindowTest
 {
-    // The stops from the start on; those of the table, whatever they are, left out.
+    // The stops from the start on.
     QStringList stops(Qt::Key key = Qt::Key_Tab)
     {
         window.button(u"Choose Folder…"_s).setFocus();
@@ -49,8 +49,9 @@ TEST_F(EditorKeyboardTest, GoesThroughAFilledWindowAndBack)
 {
     show({filledRow(u"a.flac"_s)});
     model.setValue(u"New"_s, Field::artist);
-    const QStringList all = QStringList({u"Choose Folder…"_s, u"Folder"_s}) + fields() +
-                            QStringList({u"Save even if some tags can't be kept"_s, u"Cancel"_s, u"Save"_s});
+    const QStringList all =
+        QStringList({u"Choose Folder…"_s, u"Folder"_s, u"Files"_s, u"Sort by File Name"_s}) + fields() +
+        QStringList({u"Save even if some tags can't be kept"_s, u"Cancel"_s, u"Save"_s});
     EXPECT_EQ(stops(), all);
     QStringList back = all;
     std::reverse(back.begin() + 1, back.end());

@@ -46,7 +46,8 @@ TEST_F(WholeSession, GivesThreeFormatsAnAlbumAndACover)
     EXPECT_EQ(model.selection.value().size(), 3);
     const QUrl cover = surroundings.makeNoise(u"cover.jpg"_s, 64);
 
-    window.fillIn(u"Album Title"_s, u" Ænima – 音楽 "_s);
+    // As it is pasted, or composed.
+    window.box(u"Album Title"_s).insert(u" Ænima – 音楽 "_s);
     EXPECT_TRUE(drop(window.find<ArtworkWell>(u"Cover art drop area"_s), {cover}));
     ASSERT_TRUE(eventually([this] { return model.chosenArtwork.value().has_value(); }));
     EXPECT_TRUE(window.shows(u"3 files will be written."_s));

@@ -13,6 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// More than any window has.
+constexpr int mostStops = 60;
+
 [[noreturn]] void fail(const QString &what)
 {
     throw std::runtime_error(what.toStdString());
@@ -100,23 +103,21 @@ QString WindowUser::focusedName()
 
 QStringList WindowUser::stops(Qt::Key key)
 {
-    constexpr qsizetype enough = 60;
     QStringList names;
     const QString first = focusedName();
     do {
         names.append(focusedName());
         press(key);
-    } while (focusedName() != first && names.size() < enough);
+    } while (focusedName() != first && names.size() < mostStops);
     return names;
 }
 
 void WindowUser::tabTo(const QString &name)
 {
-    const QString start = focusedName();
-    while (focusedName() != name) {
-        press(Qt::Key_Tab);
-        if (focusedName() == start)
+    for (int step = 0; focusedName() != name; ++step) {
+        if (step == mostStops)
             fail(u"no way to \"%1\""_s.arg(name));
+        press(Qt::Key_Tab);
     }
 }
 

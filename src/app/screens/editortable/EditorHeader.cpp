@@ -25,8 +25,6 @@ constexpr int focusInset = 2;
 EditorHeader::EditorHeader(QWidget *parent)
     : QHeaderView(Qt::Horizontal, parent)
 {
-    setSectionsClickable(true);
-    setSortIndicatorShown(true);
     setStretchLastSection(false);
     setMinimumSectionSize(0);
     setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);

@@ -36,7 +36,14 @@ EditorRowList::EditorRowList(MetadataEditorModel &model, QWidget *parent)
 {
     setAccessibleName(u"Files"_s);
     setHeader(m_header);
-    setModel(m_rows);
+    // A tree view takes these from its header.
+    m_header->setSectionsClickable(true);
+    m_header->setSortIndicatorShown(true);
+    {
+        // Qt tells at once that nothing is selected; the model knows better.
+        const QScopedValueRollback following(m_isFollowing, true);
+        setModel(m_rows);
+    }
     setItemDelegate(new EditorCellDelegate(this));
     setSelectionMode(ExtendedSelection);
     setSelectionBehavior(SelectRows);

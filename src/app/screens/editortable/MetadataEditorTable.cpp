@@ -54,7 +54,6 @@ MetadataEditorTable::MetadataEditorTable(MetadataEditorModel &model, QWidget *pa
     : QWidget(parent)
 {
     auto *rows = new EditorRowList(model, this);
-    setFocusProxy(rows);
     auto *places = new QStackedWidget(this);
     places->addWidget(rows);
     for (const Shown shown : {Shown::reading, Shown::nothingEditable, Shown::noFolder})

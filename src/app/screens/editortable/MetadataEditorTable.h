@@ -7,8 +7,7 @@ namespace tonearm {
 
 class MetadataEditorModel;
 
-/// The tag editor's files, the line about them below, and what stands there while there are none. Its focus
-/// is that of the rows.
+/// The tag editor's files, the line about them below, and what stands there while there are none.
 class MetadataEditorTable : public QWidget
 {
     Q_OBJECT

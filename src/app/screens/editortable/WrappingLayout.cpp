@@ -60,12 +60,12 @@ int WrappingLayout::heightForWidth(int width) const
 // All in one line.
 QSize WrappingLayout::sizeHint() const
 {
-    QSize size;
+    QSize size(0, 0);
     for (const auto &item : m_items)
         if (!item->isEmpty())
             size = QSize(size.width() + item->sizeHint().width() + (size.width() > 0 ? m_gap : 0),
                          std::max(size.height(), item->sizeHint().height()));
-    return size.expandedTo(QSize(0, 0));
+    return size;
 }
 
 QSize WrappingLayout::minimumSize() const
