@@ -41,12 +41,14 @@ public:
 TEST_F(MenusTest, WorkFromEveryStopOfTheKeyboard)
 {
     surroundings.prepareJob(tools.source());
-    for (const QString &name : {u"Artist"_s, u"Genre"_s, u"Input File:"_s, u"Song title for chapter 2"_s,
-                                u"Cover art drop area"_s, u"Encode to FLAC"_s}) {
-        window.find(name).setFocus();
+    const QList<QWidget *> stops = {&window.box(u"Artist"_s), &window.box(u"Genre"_s), &window.titleBox(2),
+                                    &window.find(u"Cover art drop area"_s),
+                                    &window.button(u"Encode to FLAC"_s)};
+    for (QWidget *stop : stops) {
+        stop->setFocus();
         press(Qt::Key_I, Qt::ControlModifier);
         EXPECT_TRUE(eventually([this] { return surroundings.panels().openCount() == 1; }))
-            << name.toStdString();
+            << accessibleNameOf(*stop).toStdString();
         surroundings.panels().answer(std::nullopt);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/elements/WindowSizes.h"
 
+#include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Widgets.h"
 
@@ -22,10 +23,10 @@ namespace {
 constexpr QSize defaultSize(300, 200);
 
 // One run of the program with one window.
-class Run
+class ProgramRun
 {
 public:
-    explicit Run(const QString &path)
+    explicit ProgramRun(const QString &path)
         : m_sizes(path)
     {
         m_window.resize(defaultSize);
@@ -46,7 +47,7 @@ struct WindowSizesTest : testing::Test
     QSize sizeAfter(const QByteArray &contents)
     {
         writeFile(path, contents);
-        return Run(path).window().size();
+        return ProgramRun(path).window().size();
     }
 
     static QByteArray entry(const QByteArray &width, const QByteArray &height)
@@ -62,7 +63,7 @@ struct WindowSizesTest : testing::Test
 
 TEST_F(WindowSizesTest, LeavesAWindowItsDefaultAtFirst)
 {
-    Run run(path);
+    ProgramRun run(path);
     EXPECT_EQ(run.window().size(), defaultSize);
     EXPECT_FALSE(run.window().isMaximized());
 }
@@ -70,11 +71,11 @@ TEST_F(WindowSizesTest, LeavesAWindowItsDefaultAtFirst)
 TEST_F(WindowSizesTest, RemembersTheSizeFromRunToRun)
 {
     {
-        Run run(path);
+        ProgramRun run(path);
         run.window().resize(410, 310);
         run.window().close();
     }
-    Run run(path);
+    ProgramRun run(path);
     EXPECT_EQ(run.window().size(), QSize(410, 310));
 }
 
@@ -109,29 +110,32 @@ TEST_F(WindowSizesTest, KnowsAWindowByItsId)
 TEST_F(WindowSizesTest, RemembersThatAWindowWasMaximisedAndItsSizeBefore)
 {
     {
-        Run run(path);
+        ProgramRun run(path);
         run.window().resize(410, 310);
         run.window().showMaximized();
-        ASSERT_NE(run.window().size(), QSize(410, 310));
+        ASSERT_TRUE(eventually([&] { return run.window().size() != QSize(410, 310); }));
         run.window().close();
     }
     {
-        Run run(path);
+        ProgramRun run(path);
         EXPECT_TRUE(run.window().isMaximized());
         run.window().close();
     }
-    Run run(path);
+    ProgramRun run(path);
     run.window().showNormal();
-    EXPECT_EQ(run.window().size(), QSize(410, 310));
+    EXPECT_TRUE(eventually([&] { return run.window().size() == QSize(410, 310); }));
 }
 
 TEST_F(WindowSizesTest, WritesNothingUntilAWindowIsClosed)
 {
+    QWidget window;
     {
-        Run run(path);
-        run.window().resize(410, 310);
-        run.window().showMinimized();
-        run.window().showNormal();
+        WindowSizes sizes(path);
+        sizes.follow(window, u"main"_s);
+        ASSERT_TRUE(showActive(window));
+        window.resize(410, 310);
+        window.showMinimized();
+        window.showNormal();
     }
     EXPECT_EQ(namesIn(folder.path()), QStringList());
 }
@@ -140,7 +144,7 @@ TEST_F(WindowSizesTest, MakesTheFolderOfItsFile)
 {
     const QString deep = folder.filePath(u"not/there/windows.json"_s);
     {
-        Run run(deep);
+        ProgramRun run(deep);
         run.window().resize(410, 310);
         run.window().close();
     }
@@ -149,12 +153,12 @@ TEST_F(WindowSizesTest, MakesTheFolderOfItsFile)
 
 TEST_F(WindowSizesTest, LeavesTheEntriesOfOthers)
 {
-    Run run(path);
+    ProgramRun run(path);
     // Another copy of the program that runs at the same time.
     writeWindowSize(path, u"other"_s, {QSize(500, 400), true});
     run.window().resize(410, 310);
     run.window().close();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return readWindowSizes(path).size() == 2; }));
+    EXPECT_TRUE(eventually([this] { return readWindowSizes(path).size() == 2; }));
     EXPECT_EQ(readWindowSizes(path).value(u"other"_s), (KeptWindowSize{QSize(500, 400), true}));
 }
 
@@ -181,7 +185,7 @@ TEST_F(WindowSizesTest, TakesNothingFromADamagedFile)
          {QByteArray(), QByteArray("no JSON"), QByteArray("[1, 2]"), QByteArray("{\"main\": 7}"),
           QByteArray("{\"main\": {\"width\": 400}}"), entry("\"400\"", "300"), entry("-400", "300"),
           entry("400", "0"), entry("400.5", "300"), entry("1e300", "300"), entry("400", "300").chopped(1),
-          QByteArray(1 << 20, ' ') + entry("400", "300")})
+          QByteArray(QByteArray(1 << 20, ' ') + entry("400", "300"))})
         EXPECT_EQ(sizeAfter(contents), defaultSize) << contents.left(100).toStdString();
 }
 
@@ -189,24 +193,24 @@ TEST_F(WindowSizesTest, ReplacesADamagedFile)
 {
     writeFile(path, "no JSON");
     {
-        Run run(path);
+        ProgramRun run(path);
         run.window().resize(410, 310);
         run.window().close();
     }
-    EXPECT_EQ(Run(path).window().size(), QSize(410, 310));
+    EXPECT_EQ(ProgramRun(path).window().size(), QSize(410, 310));
 }
 
 TEST_F(WindowSizesTest, WaitsForNoPipe)
 {
     ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), S_IRUSR | S_IWUSR), 0);
-    EXPECT_EQ(Run(path).window().size(), defaultSize);
+    EXPECT_EQ(ProgramRun(path).window().size(), defaultSize);
 }
 
 TEST_F(WindowSizesTest, DoesWithoutAFileThatCantBeWritten)
 {
     writeFile(folder.filePath(u"taken"_s), "in the way");
     const QString impossible = folder.filePath(u"taken/windows.json"_s);
-    Run run(impossible);
+    ProgramRun run(impossible);
     run.window().resize(410, 310);
     EXPECT_TRUE(run.window().close());
 }

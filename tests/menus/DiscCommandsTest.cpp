@@ -64,6 +64,7 @@ TEST_F(DiscCommandsTest, LoadTheOnlyDiscByAKey)
 
 TEST_F(DiscCommandsTest, AskBeforeADiscReplacesWork)
 {
+    model.inputFileURL = QUrl(u"file:///music/Concert.mkv"_s);
     model.chapters = disc(u"Another"_s).chapters();
     model.setMappedTitle(0, u"Edited"_s);
     model.detectedDiscs = QList{disc(u"The Disc"_s)};

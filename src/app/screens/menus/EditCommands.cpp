@@ -77,7 +77,7 @@ void EditCommands::add(const QString &text, QKeySequence::StandardKey keys, Edit
         if (QLineEdit *box = m_text.box())
             edit(*box);
     });
-    action->setShortcut(keys);
+    action->setShortcuts(keys);
     m_entries.push_back({action, isPossible});
 }
 

@@ -32,7 +32,11 @@ void FocusedText::follow(QWidget *focused)
         box->installEventFilter(this);
         connect(box, &QLineEdit::textChanged, this, &FocusedText::changed);
         connect(box, &QLineEdit::selectionChanged, this, &FocusedText::changed);
-        connect(box, &QObject::destroyed, this, &FocusedText::changed);
+        // It is told too early for the pointer to be null by itself.
+        connect(box, &QObject::destroyed, this, [this] {
+            m_box = nullptr;
+            Q_EMIT changed();
+        });
     }
     Q_EMIT changed();
 }
