@@ -53,8 +53,8 @@ TEST_F(OpenFile, AFileThatIsNotThereIsToldOfInTheWindow)
 {
     openWith(folder.filePath(u"gone.mkv"_s));
 
-    EXPECT_TRUE(eventually([this] { return app.model().alert.value().has_value(); }));
-    EXPECT_FALSE(app.model().hasSource());
+    EXPECT_TRUE(eventually([this] { return app.mainWindow().findChild<QMessageBox *>() != nullptr; }));
+    EXPECT_FALSE(shows(u"Song title for chapter 1"_s));
 }
 
 } // namespace tonearm::test

@@ -12,9 +12,10 @@ import stat
 import struct
 import subprocess
 import sys
+import tempfile
 import xml.etree.ElementTree
 
-from installation import ID, desktop_entry, expect, moved_installation
+from installation import ID, desktop_entry, expect, install, moved_installation
 
 ICON_SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 PROGRAMS = ("bin/tonearm", "bin/tonearm-cddafs")
@@ -34,6 +35,7 @@ def main():
         check_icons(prefix)
         check_manuals(prefix, version)
         check_versions(prefix, version)
+    check_installing_over_links(cmake, build)
     return 0
 
 
@@ -111,6 +113,21 @@ def check_versions(prefix, version):
     for program in PROGRAMS:
         told = run(prefix / program, "--version").stdout
         expect(told == f"{pathlib.Path(program).name} {version}\n", f"the version of {program}, not {told!r}")
+
+
+def check_installing_over_links(cmake, build):
+    """An earlier installation may have links to the system's tools, which have to stay as they are."""
+    with tempfile.TemporaryDirectory(prefix="tonearm-") as folder:
+        system = pathlib.Path(folder, "system")
+        tools = pathlib.Path(folder, "prefix/libexec/tonearm")
+        tools.mkdir(parents=True)
+        system.write_text("the system's own")
+        for tool in TOOLS:
+            (tools / tool).symlink_to(system)
+        install(cmake, build, pathlib.Path(folder, "prefix"))
+        expect(system.read_text() == "the system's own", "the system's tools to be left alone")
+        expect(not any(os.readlink(path) == str(system) for path in tools.iterdir() if path.is_symlink()),
+               "the new tools in the old ones' place")
 
 
 def run(*command):

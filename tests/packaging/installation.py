@@ -14,9 +14,13 @@ def moved_installation(cmake, build):
     """Yields the path of its prefix, which has a blank in it."""
     with tempfile.TemporaryDirectory(prefix="tonearm-") as folder:
         first, second = pathlib.Path(folder, "first"), pathlib.Path(folder, "moved away")
-        subprocess.run([cmake, "--install", build, "--prefix", first], check=True, stdout=subprocess.DEVNULL)
+        install(cmake, build, first)
         first.rename(second)
         yield second
+
+
+def install(cmake, build, prefix):
+    subprocess.run([cmake, "--install", build, "--prefix", prefix], check=True, stdout=subprocess.DEVNULL)
 
 
 def desktop_entry(prefix):

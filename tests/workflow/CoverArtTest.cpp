@@ -288,7 +288,8 @@ TEST_F(CoverArt, IsLeftAloneIfItsSmallerCopyHasNoPlace)
     use(QUrl::fromLocalFile(large));
     ASSERT_TRUE(m_model.alert.value());
     EXPECT_EQ(m_model.alert.value()->title, u"Couldn't Use Image"_s);
-    EXPECT_THAT(m_model.alert.value()->message.toStdString(), testing::HasSubstr("No such file or directory"));
+    EXPECT_THAT(m_model.alert.value()->message.toStdString(),
+                testing::HasSubstr("No such file or directory"));
     EXPECT_FALSE(m_model.coverArt.value());
     EXPECT_TRUE(QFile::exists(large));
 }

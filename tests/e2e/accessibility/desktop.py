@@ -57,7 +57,8 @@ class Desktop:
         os.environ["DISPLAY"] = ":" + _first_line_of(
             ["Xvfb", "-displayfd", "{}", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"])
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = _first_line_of(
-            ["dbus-daemon", "--session", "--nofork", "--print-address={}"])
+            ["dbus-daemon", "--session", "--nofork", "--print-address={}",
+             f"--address=unix:path={self.path}/run/bus"])
 
 
 def missing_programs():
