@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "helpers/Borrowed.h"
 #include "helpers/Contents.h"
 #include "support/FileDescriptor.h"
-#include "helpers/Borrowed.h"
 #include "tools/Scripts.h"
 #include "tools/StartedRun.h"
 

@@ -15,6 +15,7 @@
 #include <QPropertyNotifier>
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace tonearm {
@@ -83,11 +84,11 @@ protected:
     // Calls back, once, when a message with that beginning is shown.
     QPropertyNotifier atMessage(const QString &beginning, std::function<void()> action)
     {
-        return m_model.progressMessage.onValueChanged(
-            [this, beginning, action = std::move(action)]() mutable {
-                if (action && m_model.progressMessage.value().startsWith(beginning))
-                    std::exchange(action, nullptr)();
-            });
+        const auto waiting = std::make_shared<std::function<void()>>(std::move(action));
+        return m_model.progressMessage.addNotifier([this, beginning, waiting] {
+            if (*waiting && m_model.progressMessage.value().startsWith(beginning))
+                std::exchange(*waiting, nullptr)();
+        });
     }
 
     void pullOut()

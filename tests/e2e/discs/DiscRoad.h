@@ -8,12 +8,14 @@
 #include "helpers/Mounting.h"
 #include "helpers/PrivateBus.h"
 #include "helpers/ReleasePages.h"
+#include "helpers/Widgets.h"
 
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
 
 #include <optional>
+#include <stdexcept>
 
 namespace tonearm::test {
 
