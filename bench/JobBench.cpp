@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A job of twelve chapters on an hour of 24-bit, 96 kHz FLAC, through the model as the window uses it and
 // as a shell loop of the same ffmpeg commands.
+#include "Shell.h"
+#include "Waiting.h"
 #include "app/TonearmApp.h"
 #include "app/settings/AppSettings.h"
 #include "app/settings/SettingsStore.h"
@@ -11,7 +13,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -19,20 +20,13 @@
 #include <cstdlib>
 
 using namespace tonearm;
+using namespace tonearm::bench;
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int chapterCount = 12;
 constexpr int chapterSeconds = 300;
-
-void runShell(const QString &command)
-{
-    if (std::system(command.toUtf8().constData()) != 0) {
-        std::fprintf(stderr, "failed: %s\n", qPrintable(command));
-        std::exit(1);
-    }
-}
 
 QString makeSource(const QTemporaryDir &folder)
 {
@@ -53,13 +47,6 @@ QString makeSource(const QTemporaryDir &folder)
              "-i '%2' -map 0:a -map_metadata 1 -c:a flac -sample_fmt s32 -bits_per_raw_sample 24 '%3'"_s.arg(
                  QString::number(chapterCount * chapterSeconds), list.fileName(), source));
     return source;
-}
-
-void waitUntil(const std::function<bool()> &condition)
-{
-    QEventLoop loop;
-    while (!condition())
-        loop.processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 qint64 millisecondsOfJob(AppModel &model)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How much longer a run of ProcessRunner takes than the bare launch of the same program.
+#include "Turns.h"
 #include "tools/ProcessRunner.h"
 
 #include <QCoroTask>
@@ -11,10 +12,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <atomic>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -31,11 +30,10 @@ namespace tonearm {
 namespace {
 
 using namespace Qt::StringLiterals;
-using Milliseconds = std::chrono::duration<double, std::milli>;
+using bench::Comparison;
 
 constexpr const char *program = "/bin/true";
 constexpr int runsPerRow = 1000;
-// The two sides take turns, so that what else the machine does falls on both alike.
 constexpr int turns = 20;
 constexpr std::size_t gigabyte = 1000UL * 1000 * 1000;
 
@@ -85,39 +83,14 @@ QCoro::Task<> runInLanes(int runs, int atOnce)
         co_await lane;
 }
 
-template <typename Work> Milliseconds timeOf(Work work)
-{
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::steady_clock::now() - begin;
-}
-
-Milliseconds median(std::vector<Milliseconds> times)
-{
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
-    return *middle;
-}
-
 // The time of one run each.
-struct Row
-{
-    Milliseconds bare{};
-    Milliseconds runner{};
-
-    double ratio() const { return runner / bare; }
-};
-
-Row measure(int atOnce)
+Comparison measure(int atOnce)
 {
     constexpr int runsPerTurn = runsPerRow / turns;
-    std::vector<Milliseconds> bare;
-    std::vector<Milliseconds> runner;
-    for (int turn = 0; turn < turns; ++turn) {
-        bare.push_back(timeOf([&] { runBare(runsPerTurn, atOnce); }) / runsPerTurn);
-        runner.push_back(timeOf([&] { QCoro::waitFor(runInLanes(runsPerTurn, atOnce)); }) / runsPerTurn);
-    }
-    return {median(std::move(bare)), median(std::move(runner))};
+    const Comparison times = bench::inTurns(
+        turns, [&] { runBare(runsPerTurn, atOnce); },
+        [&] { QCoro::waitFor(runInLanes(runsPerTurn, atOnce)); });
+    return {.bare = times.bare / runsPerTurn, .own = times.own / runsPerTurn};
 }
 
 // The memory of this process that lies in RAM, in megabytes.
@@ -133,9 +106,9 @@ double residentMegabytes()
 
 void printRow(int atOnce)
 {
-    const Row row = measure(atOnce);
+    const Comparison row = measure(atOnce);
     std::printf("%10.0f %10d %14.3f %14.3f %8.2f\n", residentMegabytes(), atOnce, row.bare.count(),
-                row.runner.count(), row.ratio());
+                row.own.count(), row.ratio());
 }
 
 void printRows()

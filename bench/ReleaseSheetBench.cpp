@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From the last byte of the slower service's reply to the painted sheet with the releases of both, and how
 // much of that the main thread works, beside a bare read and parse of the same two replies.
+#include "Waiting.h"
 #include "app/screens/mainwindow/MainWindow.h"
 #include "app/screens/releases/ReleaseList.h"
 #include "helpers/ModelFixture.h"
@@ -9,7 +10,6 @@
 #include "workflow/records/GenreCatalog.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QJsonDocument>
 #include <QMap>
 #include <QNetworkAccessManager>
@@ -21,10 +21,10 @@
 #include <atomic>
 #include <cstdio>
 #include <ctime>
-#include <functional>
 #include <vector>
 
 using namespace tonearm;
+using namespace tonearm::bench;
 using namespace tonearm::test;
 using namespace Qt::StringLiterals;
 
@@ -59,13 +59,6 @@ public:
 private:
     clockid_t m_clock = {};
 };
-
-void waitUntil(const std::function<bool()> &condition)
-{
-    QEventLoop loop;
-    while (!condition())
-        loop.processEvents(QEventLoop::WaitForMoreEvents);
-}
 
 QList<ReleaseInfo> releases()
 {
