@@ -285,6 +285,10 @@ private:
     mutable Remembered<QList<EditableAudioFile>, QList<EditableAudioFile>, QSet<QUrl>> m_selectedFiles;
     mutable Remembered<SelectedTexts, QList<EditableAudioFile>, QHash<QUrl, QMap<EditableTagField, QString>>>
         m_selectedTexts;
+    mutable Remembered<QList<ArtworkIntent>, QList<EditableAudioFile>, QHash<QUrl, ArtworkIntent>>
+        m_selectedIntents;
+    mutable Remembered<QSet<QString>, QList<EditableAudioFile>, QHash<QUrl, ArtworkFingerprint>>
+        m_selectedDigests;
     std::optional<TaskHandle> m_loadTask;
     std::optional<TaskHandle> m_saveTask;
     std::optional<TaskHandle> m_artworkTask;

@@ -19,15 +19,32 @@ QString caption(qint64 width, qint64 height, qint64 byteCount)
     return u"%1 × %2 · %3"_s.arg(QString::number(width), QString::number(height), byteCountText(byteCount));
 }
 
+QList<ArtworkIntent> intentsOf(const QList<EditableAudioFile> &rows,
+                               const QHash<QUrl, ArtworkIntent> &pending)
+{
+    QList<ArtworkIntent> intents;
+    intents.reserve(rows.size());
+    for (const EditableAudioFile &row : rows)
+        intents.append(pending.value(row.url));
+    return intents;
+}
+
+// Of a row whose picture isn't known it is empty.
+QSet<QString> digestsOf(const QList<EditableAudioFile> &rows, const QHash<QUrl, ArtworkFingerprint> &known)
+{
+    QSet<QString> digests;
+    for (const EditableAudioFile &row : rows) {
+        const auto fingerprint = known.constFind(row.url);
+        digests.insert(fingerprint == known.constEnd() ? QString() : fingerprint->digest);
+    }
+    return digests;
+}
+
 } // namespace
 
 QList<ArtworkIntent> MetadataEditorModel::selectedIntents() const
 {
-    const TagChangeSet pending = changes.value();
-    QList<ArtworkIntent> intents;
-    for (const EditableAudioFile &row : selectedFiles())
-        intents.append(artworkIntent(row, pending));
-    return intents;
+    return m_selectedIntents.from(selectedFiles(), changes.value().artworkIntents, intentsOf);
 }
 
 bool MetadataEditorModel::isArtworkPendingForSelection() const
@@ -80,14 +97,9 @@ EditorArtworkState MetadataEditorModel::embeddedArtworkState(const QList<Editabl
     return EditorArtworkState::warning(u"Artwork couldn't be read"_s);
 }
 
-// Of a row whose picture isn't known it is empty.
 QSet<QString> MetadataEditorModel::selectedDigests() const
 {
-    const QHash<QUrl, ArtworkFingerprint> known = artworkFingerprints.value();
-    QSet<QString> digests;
-    for (const EditableAudioFile &row : selectedFiles())
-        digests.insert(known.value(row.url).digest);
-    return digests;
+    return m_selectedDigests.from(selectedFiles(), artworkFingerprints.value(), digestsOf);
 }
 
 std::optional<QString> MetadataEditorModel::artworkCaption() const

@@ -15,7 +15,7 @@ public:
     static constexpr int dotSide = 5;
     static constexpr int dotGap = 4;
     /// At either side of a cell.
-    static constexpr int padding = 6;
+    static constexpr int padding = 4;
 
     using QStyledItemDelegate::QStyledItemDelegate;
 

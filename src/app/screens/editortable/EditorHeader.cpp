@@ -28,6 +28,7 @@ EditorHeader::EditorHeader(QWidget *parent)
     setStretchLastSection(false);
     setMinimumSectionSize(0);
     setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
+    setTextElideMode(Qt::ElideRight);
     setFocusPolicy(Qt::TabFocus);
     connect(this, &QHeaderView::sectionClicked, this, &EditorHeader::columnChosen);
     connect(this, &QHeaderView::sectionResized, this,

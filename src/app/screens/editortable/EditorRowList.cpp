@@ -143,6 +143,18 @@ void EditorRowList::selectionChanged(const QItemSelection &selected, const QItem
     m_model.setSelection(urls);
 }
 
+// Qt would look up the place of every changed cell, in view or not.
+void EditorRowList::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                                const QList<int> &roles)
+{
+    const QModelIndex last = indexAt(QPoint(0, viewport()->height() - 1));
+    const int top = std::max(topLeft.row(), indexAt(QPoint(0, 0)).row());
+    const int bottom = std::min(bottomRight.row(), last.isValid() ? last.row() : m_rows->rowCount() - 1);
+    if (top <= bottom)
+        QTreeView::dataChanged(m_rows->index(top, topLeft.column()),
+                               m_rows->index(bottom, bottomRight.column()), roles);
+}
+
 void EditorRowList::showSortOrder()
 {
     const QList<RowComparator> &order = m_model.sortOrder.value();

@@ -20,6 +20,9 @@ public:
     /// The model must outlive the list.
     EditorRowList(MetadataEditorModel &model, QWidget *parent);
 
+    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                     const QList<int> &roles = {}) override;
+
 protected:
     void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
     void resizeEvent(QResizeEvent *event) override;
