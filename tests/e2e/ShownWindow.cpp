@@ -12,13 +12,13 @@ using namespace Qt::StringLiterals;
 
 MainWindowHolder::MainWindowHolder(AppModel &model)
     : m_genres(resourceFolder().value_or(QString()) + u"/Genres.json"_s)
-    , m_window(model, m_genres)
+    , m_mainWindow(model, m_genres)
 {
 }
 
 ShownWindow::ShownWindow(AppModel &model)
     : MainWindowHolder(model)
-    , WindowUser(m_window)
+    , WindowUser(m_mainWindow)
 {
 }
 

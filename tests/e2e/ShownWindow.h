@@ -17,7 +17,7 @@ struct MainWindowHolder
     explicit MainWindowHolder(AppModel &model);
 
     GenreCatalog m_genres;
-    MainWindow m_window;
+    MainWindow m_mainWindow;
 };
 
 /// The main window over a model, shown and active.
@@ -27,7 +27,7 @@ public:
     /// The model must outlive it.
     explicit ShownWindow(AppModel &model);
 
-    MainWindow &window() { return m_window; }
+    MainWindow &window() { return m_mainWindow; }
 
     /// The size of what lies below the menus.
     QSize contentSize() const { return m_window.centralWidget()->size(); }

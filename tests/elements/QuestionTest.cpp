@@ -60,6 +60,14 @@ TEST_F(QuestionTest, LetsManyLinesScroll)
     EXPECT_EQ(answers, QList<bool>{true});
 }
 
+TEST_F(QuestionTest, WrapsLongLinesAmongMany)
+{
+    const QMessageBox &dialog = ask(u"Some words that go on and on "_s.repeated(20) + lines(100));
+    const auto *area = dialog.findChild<QAbstractScrollArea *>();
+    ASSERT_TRUE(area);
+    EXPECT_EQ(area->findChild<QLabel *>()->width(), area->viewport()->width());
+}
+
 TEST_F(QuestionTest, IsAskedWhileThereIsSomethingToAsk)
 {
     QProperty<int> count;

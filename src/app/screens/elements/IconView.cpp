@@ -23,7 +23,8 @@ void IconView::setIcon(IconName name, Tone tone)
 void IconView::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    paintIcon(painter, rect(), m_name, toneColour(m_tone, palette()));
+    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+    paintIcon(painter, rect(), m_name, toneColour(m_tone, palette(), group));
 }
 
 } // namespace tonearm

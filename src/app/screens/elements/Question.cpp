@@ -41,6 +41,9 @@ void letScroll(QMessageBox *box, QLabel *message)
     area->setAccessibleName(box->text());
     delete layout->replaceWidget(message, area);
     message->setWordWrap(true);
+    QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    message->setSizePolicy(policy);
     message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     area->setWidget(message);
     area->setWidgetResizable(true);
