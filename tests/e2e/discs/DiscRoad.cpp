@@ -46,11 +46,6 @@ QByteArray decoded(const QUrl &file)
 
 } // namespace
 
-DiscRoad::DiscRoad()
-    : m_temporaryVariable("TMPDIR", m_folder.path().toUtf8())
-{
-}
-
 void DiscRoad::SetUp()
 {
     SKIP_WITHOUT_MOUNTS();
@@ -133,18 +128,23 @@ void DiscRoad::takeOffer(const QString &volumeName)
 
 void DiscRoad::takeRelease()
 {
-    QWidget &window = m_app->mainWindow();
-    auto *use = named<QPushButton>(*openSheet(window), u"Use This Release"_s);
-    ASSERT_TRUE(use && use->isEnabled());
-    click(*use);
-    ASSERT_TRUE(eventually([&] { return window.isActiveWindow() && !openSheet(window); }));
+    closeSheetBy(u"Use This Release"_s);
 }
 
 void DiscRoad::closeSheet()
 {
+    closeSheetBy(u"Close"_s);
+}
+
+void DiscRoad::closeSheetBy(const QString &buttonName)
+{
     QWidget &window = m_app->mainWindow();
-    click(*named<QPushButton>(*openSheet(window), u"Close"_s));
-    ASSERT_TRUE(eventually([&] { return window.isActiveWindow() && !openSheet(window); }));
+    auto *button = named<QPushButton>(*openSheet(window), buttonName);
+    ASSERT_TRUE(button && button->isEnabled());
+    click(*button);
+    ASSERT_TRUE(eventually([&] { return !openSheet(window); }));
+    // A window manager gives the focus back to the window by itself.
+    ASSERT_TRUE(showActive(window));
 }
 
 void DiscRoad::startJob()

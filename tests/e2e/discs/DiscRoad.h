@@ -24,8 +24,6 @@ namespace tonearm::test {
 class DiscRoad : public testing::Test
 {
 protected:
-    DiscRoad();
-
     void SetUp() override;
 
     /// Starts the application with these settings, and waits for its window and tools.
@@ -81,17 +79,19 @@ protected:
 
     // NOLINTBEGIN(cppcoreguidelines-non-private-member-variables-in-classes): a fixture
     QTemporaryDir m_folder;
+    QTemporaryDir m_runtime;
     PrivateBus m_bus;
+    BorrowedVariable m_busVariable{"DBUS_SYSTEM_BUS_ADDRESS", m_bus.address().toUtf8()};
+    BorrowedVariable m_runtimeVariable{"XDG_RUNTIME_DIR", m_runtime.path().toUtf8()};
+    BorrowedVariable m_temporaryVariable{"TMPDIR", m_folder.path().toUtf8()};
     DrivesStandIn m_drives{m_bus.connect()};
     ReleasePages m_pages;
+    // Last, as it unmounts what it has mounted in one of the folders.
     std::optional<TonearmApp> m_app;
     // NOLINTEND(cppcoreguidelines-non-private-member-variables-in-classes)
 
 private:
-    QTemporaryDir m_runtime;
-    BorrowedVariable m_busVariable{"DBUS_SYSTEM_BUS_ADDRESS", m_bus.address().toUtf8()};
-    BorrowedVariable m_runtimeVariable{"XDG_RUNTIME_DIR", m_runtime.path().toUtf8()};
-    BorrowedVariable m_temporaryVariable;
+    void closeSheetBy(const QString &buttonName);
 };
 
 } // namespace tonearm::test

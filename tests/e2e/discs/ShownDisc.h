@@ -31,7 +31,9 @@ inline DiscInfo shownDisc(const QString &name)
 inline bool isOffered(QWidget &window, const QString &name)
 {
     const auto *label = named<QLabel>(window, QStringLiteral("Audio CD detected — ") + name);
-    return label && label->visibleRegion().boundingRect() == label->rect();
+    const auto *banner = window.findChild<DiscBanner *>();
+    const auto *panel = banner->findChild<QWidget *>({}, Qt::FindDirectChildrenOnly);
+    return label && panel->y() == 0 && label->visibleRegion().boundingRect() == label->rect();
 }
 
 /// For tests of a window with discs in its machine.

@@ -26,21 +26,27 @@ namespace {
 // A caller of the bus gives up after 25 seconds.
 constexpr int wellBelowItsPatience = 15000;
 
-// Whether a window has been painted.
+// Whether anything of a window has been painted.
 class FirstFrame : public QObject
 {
 public:
-    explicit FirstFrame(QWidget &window) { window.installEventFilter(this); }
+    explicit FirstFrame(const QWidget &window)
+        : m_window(window)
+    {
+        qApp->installEventFilter(this);
+    }
 
     bool hasCome() const { return m_hasCome; }
 
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
-        m_hasCome = m_hasCome || event->type() == QEvent::Paint;
+        const auto *widget = qobject_cast<const QWidget *>(watched);
+        m_hasCome = m_hasCome || (event->type() == QEvent::Paint && widget && widget->window() == &m_window);
         return false;
     }
 
 private:
+    const QWidget &m_window;
     bool m_hasCome = false;
 };
 
