@@ -167,7 +167,8 @@ private:
     const QString m_image;
     const QTemporaryDir m_folder;
     Lookups m_lookups;
-    TonearmApp m_app{m_folder.filePath(u"settings.json"_s), resourceFolder(), m_lookups.addresses()};
+    TonearmApp m_app{m_folder.filePath(u"settings.json"_s), m_folder.filePath(u"windows.json"_s),
+                     resourceFolder(), m_lookups.addresses()};
     DrivesStandIn m_drives{QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"drives"_s)};
     std::vector<Milliseconds> m_bareTimes;
     std::vector<Milliseconds> m_bannerTimes;

@@ -24,7 +24,7 @@ ShownWindow::ShownWindow(AppModel &model)
 
 void ShownWindow::resizeContent(const QSize &size)
 {
-    m_window.resize(size + QSize(0, m_window.menuBar()->height()));
+    m_mainWindow.resize(size + QSize(0, m_mainWindow.menuBar()->height()));
 }
 
 QLineEdit &ShownWindow::titleBox(int chapter)

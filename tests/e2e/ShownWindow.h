@@ -30,7 +30,7 @@ public:
     MainWindow &window() { return m_mainWindow; }
 
     /// The size of what lies below the menus.
-    QSize contentSize() const { return m_window.centralWidget()->size(); }
+    QSize contentSize() const { return m_mainWindow.centralWidget()->size(); }
 
     /// Makes the window so large that this is the size of what lies below the menus.
     void resizeContent(const QSize &size);

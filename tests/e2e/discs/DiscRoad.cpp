@@ -63,7 +63,8 @@ void DiscRoad::start(bool isSecure)
                                {u"verifyRipsByRereading"_s, true},
                                {u"useSecureCDRipping"_s, isSecure}};
     writeFile(path(u"settings.json"_s), QJsonDocument(settings).toJson());
-    m_app.emplace(path(u"settings.json"_s), resourceFolder(), ModelFixture::servicesAt(m_pages.origin()));
+    m_app.emplace(path(u"settings.json"_s), path(u"windows.json"_s), resourceFolder(),
+                  ModelFixture::servicesAt(m_pages.origin()));
     m_app->openMainWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m_app->mainWindow()));
     ASSERT_TRUE(eventually([this] {

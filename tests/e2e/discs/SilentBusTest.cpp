@@ -64,7 +64,8 @@ TEST(SilentBus, HoldsUpNeitherTheWindowNorOtherBusesNorTheEnd)
     QElapsedTimer time;
     time.start();
     {
-        TonearmApp app(folder.filePath(u"settings.json"_s), resourceFolder(), ModelFixture::noServices());
+        TonearmApp app(folder.filePath(u"settings.json"_s), folder.filePath(u"windows.json"_s),
+                       resourceFolder(), ModelFixture::noServices());
         const FirstFrame frame(app.mainWindow());
         app.openMainWindow();
         ASSERT_TRUE(eventually([&] { return frame.hasCome(); }));
