@@ -49,6 +49,12 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(window));
     }
 
+    void openLicences()
+    {
+        Q_EMIT mainWindow().aboutRequested();
+        click(*named(*shown(u"About Tonearm"_s).value(0), u"Show Licences…"_s));
+    }
+
     MainWindow &mainWindow() { return m_app.mainWindow(); }
 
     QTemporaryDir m_folder;
@@ -65,11 +71,7 @@ TEST_F(AllWindows, AreOpenOnceEach)
     expectOneWindow(u"Artwork"_s,
                     [this] { Q_EMIT m_app.windows().metadataEditor()->artworkViewingRequested(); },
                     {620, 680});
-    const auto licences = [this] {
-        Q_EMIT mainWindow().aboutRequested();
-        click(*named(*shown(u"About Tonearm"_s).value(0), u"Show Licences…"_s));
-    };
-    expectOneWindow(u"Third-Party Licences"_s, licences, {780, 620});
+    expectOneWindow(u"Third-Party Licences"_s, [this] { openLicences(); }, {780, 620});
     EXPECT_EQ(shown(u"About Tonearm"_s).size(), 1);
 }
 
@@ -94,12 +96,13 @@ TEST_F(AllWindows, KeepTheProgramRunningOnlyForWorkInThem)
 
 TEST_F(AllWindows, RememberTheirSizes)
 {
-    Q_EMIT mainWindow().editorRequested();
-    m_app.windows().metadataEditor()->resize(1100, 700);
-    EXPECT_TRUE(m_app.windows().metadataEditor()->close());
-    ASSERT_TRUE(QTest::qWaitFor([this] { return m_app.windows().metadataEditor() == nullptr; }));
-    Q_EMIT mainWindow().editorRequested();
-    EXPECT_EQ(m_app.windows().metadataEditor()->size(), QSize(1100, 700));
+    openLicences();
+    const QPointer<QWidget> licences = shown(u"Third-Party Licences"_s).value(0);
+    licences->resize(740, 540);
+    EXPECT_TRUE(licences->close());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return licences.isNull(); }));
+    openLicences();
+    EXPECT_EQ(shown(u"Third-Party Licences"_s).value(0)->size(), QSize(740, 540));
 }
 
 TEST_F(AllWindows, LeaveTheEditorsModelAloneAtTheStart)

@@ -58,14 +58,14 @@ TEST(NoticeList, TakesNoRoomWithoutNotices)
 
 TEST(NoticeList, TellsAConfigurationFromAFailureByItsIcon)
 {
-    NoticeList list(TextStyle::secondary);
+    NoticeList list(TextStyle::callout);
     for (const auto &[isConfiguration, name] :
-         {std::pair(true, IconName::gearWarning), std::pair(false, IconName::warning)}) {
+         {std::pair(true, IconName::gearWarning), std::pair(false, IconName::warningOutline)}) {
         list.setNotices({{MetadataSource::discogs, QString(), isConfiguration}});
         list.show();
         EXPECT_EQ(rendered(*list.findChild<IconLabel *>()), expectedLook(list, name));
     }
-    EXPECT_NE(expectedLook(list, IconName::gearWarning), expectedLook(list, IconName::warning));
+    EXPECT_NE(expectedLook(list, IconName::gearWarning), expectedLook(list, IconName::warningOutline));
 }
 
 } // namespace tonearm

@@ -32,18 +32,30 @@ QPushButton *addButton(QMessageBox *box, const QString &text, QMessageBox::Butto
     return button;
 }
 
+// Wraps its message at its own width, whatever width the dialog has in mind for the label.
+class MessageArea final : public QScrollArea
+{
+public:
+    using QScrollArea::QScrollArea;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override
+    {
+        QScrollArea::resizeEvent(event);
+        if (widget())
+            widget()->setFixedWidth(viewport()->width());
+    }
+};
+
 // The buttons have to stay on the screen, however many files or tags there are to tell of.
 void letScroll(QMessageBox *box, QLabel *message)
 {
     QLayout *layout = box->layout();
-    auto *area = new QScrollArea(box);
+    auto *area = new MessageArea(box);
     area->setFrameShape(QFrame::NoFrame);
     area->setAccessibleName(box->text());
     delete layout->replaceWidget(message, area);
     message->setWordWrap(true);
-    QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    policy.setHeightForWidth(true);
-    message->setSizePolicy(policy);
     message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     area->setWidget(message);
     area->setWidgetResizable(true);
