@@ -2,6 +2,8 @@
 #include "app/AppWindows.h"
 
 #include "app/screens/aboutwindows/AboutFacts.h"
+#include "app/screens/elements/ClosingWindows.h"
+#include "tageditor/ArtworkViewer.h"
 
 #include <QDesktopServices>
 #include <QUrl>
@@ -24,10 +26,13 @@ AppWindows::AppWindows(const Contents &contents, const QString &sizesFile)
     , m_sizes(sizesFile)
     , m_mainWindow(contents.model, contents.genres)
     , m_metadataEditor([this](MetadataEditorWindow &window) { prepareMetadataEditor(window); })
+    , m_metadataArtwork([this](ArtworkViewerWindow &window) { emptyAtTheEnd(window); })
     , m_about([this](AboutView &window) { prepareAbout(window); })
     , m_licences([this](LicenceWindow &window) { m_sizes.follow(window, u"licences"_s); })
 {
     m_sizes.follow(m_mainWindow, u"main"_s);
+    // The program ends with its main window, and edits in another mustn't go unasked.
+    m_mainWindow.setCloseGuard([this] { return closeOtherWindows(m_mainWindow); });
     connectMainWindow();
 }
 
@@ -52,11 +57,16 @@ void AppWindows::openMetadataEditor()
 
 void AppWindows::prepareMetadataEditor(MetadataEditorWindow &window)
 {
-    // Edits must not go because the main window does.
-    window.setAttribute(Qt::WA_QuitOnClose);
     m_sizes.follow(window, u"metadata-editor"_s);
     QObject::connect(&window, &MetadataEditorWindow::artworkViewingRequested, &m_connections,
                      [this] { m_metadataArtwork.open(m_contents.artworkViewer); });
+}
+
+// A closed window keeps no picture.
+void AppWindows::emptyAtTheEnd(ArtworkViewerWindow &window)
+{
+    QObject::connect(&window, &QObject::destroyed, &m_connections,
+                     [this] { m_contents.artworkViewer.image = std::nullopt; });
 }
 
 void AppWindows::prepareAbout(AboutView &window)

@@ -53,6 +53,7 @@ public:
 
 private:
     void prepareMetadataEditor(MetadataEditorWindow &window);
+    void emptyAtTheEnd(ArtworkViewerWindow &window);
     void prepareAbout(AboutView &window);
     void connectMainWindow();
 

@@ -28,7 +28,7 @@
 namespace tonearm {
 
 /// The root of the application: makes the objects that live as long as the process, and the windows.
-/// Here alone the interfaces of the logic meet their forms on this desktop.
+/// Here and in AppServices alone the interfaces of the logic meet their forms on this desktop.
 class TonearmApp
 {
 public:
@@ -51,6 +51,8 @@ public:
     AppModel &model() { return m_model; }
 
     MetadataEditorModel &metadataEditor() { return m_metadataEditor; }
+
+    ArtworkViewer &artworkViewer() { return m_artworkViewer; }
 
 private:
     void checkTools();

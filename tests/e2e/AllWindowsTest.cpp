@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QImage>
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
@@ -66,6 +67,13 @@ protected:
 
 TEST_F(AllWindows, AreOpenOnceEach)
 {
+    const auto sizeOf = [](const QString &title) { return shown(title).value(0)->size(); };
+    Q_EMIT mainWindow().settingsRequested();
+    expectOneWindow(
+        u"Settings"_s, [this] { Q_EMIT mainWindow().settingsRequested(); }, sizeOf(u"Settings"_s));
+    Q_EMIT mainWindow().aboutRequested();
+    expectOneWindow(
+        u"About Tonearm"_s, [this] { Q_EMIT mainWindow().aboutRequested(); }, sizeOf(u"About Tonearm"_s));
     expectOneWindow(u"Cover Art"_s, [this] { Q_EMIT mainWindow().coverArtRequested(); }, {620, 680});
     expectOneWindow(u"Edit Metadata"_s, [this] { Q_EMIT mainWindow().editorRequested(); }, {1000, 780});
     expectOneWindow(u"Artwork"_s,
@@ -84,14 +92,42 @@ TEST_F(AllWindows, CostNothingWhenTheyAreClosed)
     EXPECT_TRUE(QTest::qWaitFor([&] { return settings.isNull(); }));
 }
 
-// Edits would go with the program.
-TEST_F(AllWindows, KeepTheProgramRunningOnlyForWorkInThem)
+TEST_F(AllWindows, CloseWithTheMainWindow)
 {
     Q_EMIT mainWindow().editorRequested();
     Q_EMIT mainWindow().settingsRequested();
-    EXPECT_TRUE(mainWindow().testAttribute(Qt::WA_QuitOnClose));
-    EXPECT_TRUE(shown(u"Edit Metadata"_s).value(0)->testAttribute(Qt::WA_QuitOnClose));
-    EXPECT_FALSE(shown(u"Settings"_s).value(0)->testAttribute(Qt::WA_QuitOnClose));
+    EXPECT_TRUE(mainWindow().close());
+    EXPECT_TRUE(shown(u"Edit Metadata"_s).isEmpty());
+    EXPECT_TRUE(shown(u"Settings"_s).isEmpty());
+}
+
+// They would go with the program.
+TEST_F(AllWindows, StayWhileOneHasEditsToAskAbout)
+{
+    Q_EMIT mainWindow().editorRequested();
+    MetadataEditorModel &editor = m_app.metadataEditor();
+    EditableAudioFile file;
+    file.url = QUrl(u"file:///a.flac"_s);
+    editor.files = {file};
+    editor.setSelection({file.url});
+    editor.setValue(u"A"_s, EditableTagField::artist);
+    EXPECT_FALSE(mainWindow().close());
+    EXPECT_TRUE(mainWindow().isVisible());
+    EXPECT_TRUE(editor.isConfirmingCancel.value());
+    ASSERT_TRUE(m_app.windows().metadataEditor());
+    EXPECT_TRUE(m_app.windows().metadataEditor()->isVisible());
+    editor.reset();
+}
+
+TEST_F(AllWindows, KeepNoPictureOnceTheyAreClosed)
+{
+    Q_EMIT mainWindow().editorRequested();
+    Q_EMIT m_app.windows().metadataEditor()->artworkViewingRequested();
+    const QPointer<QWidget> viewer = shown(u"Artwork"_s).value(0);
+    m_app.artworkViewer().image = QImage(20, 20, QImage::Format_RGB32);
+    EXPECT_TRUE(viewer->close());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.isNull(); }));
+    EXPECT_FALSE(m_app.artworkViewer().image.value());
 }
 
 TEST_F(AllWindows, RememberTheirSizes)

@@ -20,6 +20,8 @@
 
 #include <numeric>
 
+#include <cstdlib>
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -58,6 +60,17 @@ QImage lookOf(ShownTable &shown, int row, int column)
 {
     const QRect cell = shown.list().visualRect(shown.list().model()->index(row, column));
     return rendered(*shown.list().viewport()).copy(cell);
+}
+
+// How dark a cell's text is in all.
+int textInk(const QImage &look)
+{
+    const QColor ground = look.pixelColor(1, 1);
+    int ink = 0;
+    for (int y = 0; y < look.height(); ++y)
+        for (int x = EditorCellDelegate::padding + EditorCellDelegate::dotSide + 1; x < look.width(); ++x)
+            ink += std::abs(look.pixelColor(x, y).lightness() - ground.lightness());
+    return ink;
 }
 
 QString tooltipAt(ShownTable &shown, int row, int column)
@@ -141,6 +154,21 @@ TEST(MetadataEditorTable, MarksAnEditWithADotAndBoldTextUnlessItComesToTheSame)
     const QPoint dot(EditorCellDelegate::padding + EditorCellDelegate::dotSide / 2, edited.height() / 2);
     EXPECT_EQ(second.pixelColor(dot), second.pixelColor(1, edited.height() / 2));
     EXPECT_EQ(edited.pixelColor(dot), toneColour(Tone::secondary, shown.list().palette()));
+}
+
+TEST(MetadataEditorTable, MarksAnEditOnEveryRowThatItChanges)
+{
+    ShownTable shown(
+        {rowOf(u"a"_s, tagsWith(Field::artist, u"A"_s)), rowOf(u"b"_s, tagsWith(Field::artist, u"B"_s))});
+    shown.fixture().select({u"a"_s, u"b"_s});
+    shown.model().setValue(u"HHH"_s, Field::artist);
+    shown.model().setSelection({});
+    // Bold strokes leave more ink than the same text unedited does.
+    ShownTable plain({rowOf(u"a"_s, tagsWith(Field::artist, u"HHH"_s)), rowOf(u"b"_s)});
+    plain.model().setSelection({});
+    const int unedited = textInk(lookOf(plain, 0, artistColumn));
+    for (const int row : {0, 1})
+        EXPECT_GT(textInk(lookOf(shown, row, artistColumn)), unedited) << row;
 }
 
 TEST(MetadataEditorTable, GivesReasonsAndShortenedTextsAsTooltips)

@@ -8,6 +8,7 @@
 #include "app/screens/elements/Tooltip.h"
 #include "helpers/Contents.h"
 #include "helpers/Menus.h"
+#include "helpers/Rendering.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -96,6 +97,11 @@ TEST_F(ArtworkColumnTest, WarnsOfFilesWithoutArtwork)
 {
     show({rowWithArt(u"a.flac"_s), rowOf(u"b.flac"_s), rowOf(u"c.flac"_s), rowOf(u"d.flac"_s)});
     EXPECT_EQ(description(), u"Some files have no artwork"_s);
+    const QImage warning = rendered(well());
+    well().setContent({ArtworkWellContent::Empty{u"Some files have no artwork"_s}});
+    EXPECT_NE(rendered(well()), warning);
+    well().setContent({ArtworkWellContent::Conflicting{u"Some files have no artwork"_s}});
+    EXPECT_EQ(rendered(well()), warning);
     EXPECT_EQ(entries().last(), u"Remove"_s);
 }
 

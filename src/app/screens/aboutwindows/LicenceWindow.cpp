@@ -43,7 +43,7 @@ QFont monospaced(const QFont &around)
     const bool isFixed = QFontInfo(font).fixedPitch();
     font.setFamilies(isFixed ? font.families() : QStringList{u"monospace"_s});
     font.setStyleHint(QFont::Monospace);
-    font.setPointSizeF(fontOf(TextStyle::small, around).pointSizeF());
+    font.setPointSizeF(fontOf(TextStyle::callout, around).pointSizeF());
     return font;
 }
 

@@ -4,6 +4,7 @@
 #include "app/screens/editorwindow/ProgressBar.h"
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/SelectablePath.h"
+#include "app/screens/elements/TextStyle.h"
 #include "support/PathText.h"
 #include "tageditor/MetadataEditorModel.h"
 
@@ -29,6 +30,7 @@ FolderBar::FolderBar(MetadataEditorModel &model, QWidget *parent)
 {
     connect(m_choose, &QPushButton::clicked, this, [&model] { model.chooseFolder(); });
     auto *path = new SelectablePath(u"No folder chosen"_s, this);
+    path->setFont(fontOf(TextStyle::callout, font()));
     path->setAccessibleName(u"Folder"_s);
     bind(
         path,

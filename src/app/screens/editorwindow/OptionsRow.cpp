@@ -4,6 +4,7 @@
 #include "app/screens/editorwindow/WarningLabel.h"
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/IconLabel.h"
+#include "app/screens/elements/TextStyle.h"
 #include "app/screens/elements/Tooltip.h"
 #include "tageditor/MetadataEditorModel.h"
 
@@ -24,6 +25,7 @@ OptionsRow::OptionsRow(MetadataEditorModel &model, QWidget *parent)
     : QWidget(parent)
     , m_toggle(new QCheckBox(u"Save even if some tags can't be kept"_s, this))
 {
+    m_toggle->setFont(fontOf(TextStyle::callout, font()));
     m_toggle->setIcon(icon(IconName::warning));
     setLongTooltip(
         m_toggle, u"Some files — .m4a especially — carry identifiers this app can read but can't write back, "

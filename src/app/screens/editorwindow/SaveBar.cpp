@@ -40,6 +40,7 @@ SaveBar::SaveBar(MetadataEditorModel &model, const QList<QWidget *> &editing, QW
     , m_save(new ProminentButton(u"Save"_s, this))
 {
     makeAnnouncer(m_completion);
+    applyTextStyle(m_completion, TextStyle::callout);
     applyTextStyle(m_pending, TextStyle::calloutSecondary);
     connect(m_cancel, &QPushButton::clicked, this, &SaveBar::cancelled);
     connect(m_save, &QPushButton::clicked, this, [&model] { model.save(); });

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace tonearm {
 
@@ -30,6 +31,12 @@ constexpr int summaryPadding = 10;
 // What a file tells of its picture may be nonsense; far beyond any picture that can be decoded.
 constexpr qint64 largestSide = 100'000;
 
+// Rounding may take a pixel from a side.
+bool isNearly(const QSize &size, const QSize &other)
+{
+    return std::abs(size.width() - other.width()) <= 1 && std::abs(size.height() - other.height()) <= 1;
+}
+
 } // namespace
 
 // Works on no more of a picture than is in view, so that a large one is ready between two frames.
@@ -42,11 +49,15 @@ public:
         setAccessibleName(name);
     }
 
-    void setPicture(const QImage &picture, const QSize &size)
+    // Whether that changes anything.
+    bool setPicture(const QImage &picture, const QSize &size)
     {
+        if (picture == m_picture && size == this->size())
+            return false;
         m_picture = picture;
         resize(size);
         update();
+        return true;
     }
 
 protected:
@@ -54,7 +65,10 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(rect(), m_picture);
+        // Where its size isn't known, the place is a square and the picture may not be.
+        QRect place(QPoint(), m_picture.size().scaled(size(), Qt::KeepAspectRatio));
+        place.moveCenter(rect().center());
+        painter.drawImage(isNearly(place.size(), size()) ? rect() : place, m_picture);
     }
 
 private:
@@ -132,17 +146,19 @@ void ArtworkWindow::setArtwork(const std::optional<ViewedArtwork> &artwork)
         m_summary->clear();
         return;
     }
-    m_picture->setPicture(artwork->picture, m_size.value_or(QSize(sideWhereUnknown, sideWhereUnknown)));
     m_summary->setText(artwork->summary);
     m_summary->setVisible(!artwork->summary.isEmpty());
-    if (isVisible())
+    const bool isAnother =
+        m_picture->setPicture(artwork->picture, m_size.value_or(QSize(sideWhereUnknown, sideWhereUnknown)));
+    if (isAnother && isVisible())
         fit();
 }
 
 void ArtworkWindow::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (m_places->currentIndex() == 1)
+    // A window that comes back keeps what the user made of it.
+    if (!event->spontaneous() && m_places->currentIndex() == 1)
         fit();
 }
 

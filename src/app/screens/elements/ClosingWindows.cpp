@@ -18,11 +18,11 @@ bool isOpenWindow(const QWidget &widget)
 
 } // namespace
 
-void closeAllWindows(QWidget &last)
+bool closeOtherWindows(QWidget &kept)
 {
     QList<QPointer<QWidget>> others;
     for (QWidget *window : QApplication::topLevelWidgets()) {
-        if (window != &last && isOpenWindow(*window))
+        if (window != &kept && isOpenWindow(*window))
             others.append(window);
     }
     bool isAnyLeft = false;
@@ -30,7 +30,12 @@ void closeAllWindows(QWidget &last)
         if (window && !window->close())
             isAnyLeft = true;
     }
-    if (!isAnyLeft)
+    return !isAnyLeft;
+}
+
+void closeAllWindows(QWidget &last)
+{
+    if (closeOtherWindows(last))
         last.close();
 }
 

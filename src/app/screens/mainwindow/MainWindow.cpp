@@ -68,7 +68,7 @@ void MainWindow::closeAfterJob()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(m_model.requestClose());
+    event->setAccepted(m_model.requestClose() && m_mayClose());
 }
 
 } // namespace tonearm

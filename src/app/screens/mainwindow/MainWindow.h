@@ -3,6 +3,9 @@
 
 #include <QMainWindow>
 
+#include <functional>
+#include <utility>
+
 namespace tonearm {
 
 class AppModel;
@@ -15,6 +18,9 @@ class MainWindow : public QMainWindow
 
 public:
     MainWindow(AppModel &model, const GenreCatalog &genres);
+
+    /// `mayClose` is asked when nothing of the window's own keeps it open, each time that it is to close.
+    void setCloseGuard(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
 
 Q_SIGNALS:
     /// The user wants to see the cover in its window.
@@ -35,6 +41,7 @@ private:
     void closeAfterJob();
 
     AppModel &m_model;
+    std::function<bool()> m_mayClose = [] { return true; };
 };
 
 } // namespace tonearm
