@@ -36,7 +36,7 @@ Samples samplesOf(Colours colours, bool isRight, bool isLower)
     Q_UNREACHABLE();
 }
 
-Samples rowOf(const JpegRecipe &recipe, bool isLower)
+Samples samplesOfRow(const JpegRecipe &recipe, bool isLower)
 {
     Samples row;
     for (int x = 0; x < recipe.size.width(); ++x) {
@@ -91,9 +91,9 @@ void configure(jpeg_compress_struct &info, const JpegRecipe &recipe, const std::
     }
 }
 
-void writeRows(jpeg_compress_struct &info, const JpegRecipe &recipe)
+void compressRows(jpeg_compress_struct &info, const JpegRecipe &recipe)
 {
-    std::array rows{rowOf(recipe, false), rowOf(recipe, true)};
+    std::array rows{samplesOfRow(recipe, false), samplesOfRow(recipe, true)};
     while (info.next_scanline < info.image_height) {
         JSAMPROW row = rows.at(info.next_scanline >= info.image_height / 2 ? 1 : 0).data();
         jpeg_write_scanlines(&info, &row, 1);
@@ -116,7 +116,7 @@ void makeJpeg(const QString &path, const JpegRecipe &recipe)
         scansOf(static_cast<int>(samplesOf(recipe.colours, false, false).size()));
     configure(info, recipe, scans);
     jpeg_start_compress(&info, TRUE);
-    writeRows(info, recipe);
+    compressRows(info, recipe);
     jpeg_finish_compress(&info);
     jpeg_destroy_compress(&info);
     ASSERT_EQ(std::fclose(file), 0);

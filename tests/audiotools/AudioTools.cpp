@@ -39,6 +39,11 @@ ProgramRun runProgram(const QString &program, const QStringList &arguments,
             .errors = process.readAllStandardError()};
 }
 
+QString buildConfiguration(const QString &program)
+{
+    return QString::fromUtf8(runProgram(program, {u"-hide_banner"_s, u"-buildconf"_s}).output);
+}
+
 QStringList words(const QString &text)
 {
     return text.split(u' ', Qt::SkipEmptyParts);

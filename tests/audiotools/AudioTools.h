@@ -21,6 +21,9 @@ struct ProgramRun
 ProgramRun runProgram(const QString &program, const QStringList &arguments,
                       const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment());
 
+/// How one of FFmpeg's programs says that it was configured.
+QString buildConfiguration(const QString &program);
+
 /// The words of a text that are set apart by blanks: for argument lists without blanks in them.
 QStringList words(const QString &text);
 

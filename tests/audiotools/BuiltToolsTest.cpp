@@ -30,11 +30,6 @@ protected:
     static QString path() { return shippedTool(name()); }
 };
 
-QString buildConfiguration(const QString &path)
-{
-    return QString::fromUtf8(runProgram(path, {u"-hide_banner"_s, u"-buildconf"_s}).output);
-}
-
 } // namespace
 
 TEST_P(BuiltTools, AreTheFilesThatTheNoticeTellsOf)

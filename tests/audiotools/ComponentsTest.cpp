@@ -49,11 +49,6 @@ class ListedComponents : public testing::TestWithParam<Listing>
 {
 };
 
-QString buildConfiguration(const QString &tool)
-{
-    return QString::fromUtf8(runProgram(shippedTool(tool), {u"-hide_banner"_s, u"-buildconf"_s}).output);
-}
-
 } // namespace
 
 TEST_P(ListedComponents, AreAllInFFmpeg)
@@ -78,7 +73,7 @@ TEST(Components, ParsersAreAllInFFmpegAndInFFprobe)
     const QList<Component> needed = neededOfKind(u"parser"_s);
     ASSERT_FALSE(needed.isEmpty());
     for (const QString &tool : {u"ffmpeg"_s, u"ffprobe"_s}) {
-        const QString configuration = buildConfiguration(tool);
+        const QString configuration = buildConfiguration(shippedTool(tool));
         ASSERT_FALSE(configuration.isEmpty());
         const bool hasAll = !configuration.contains(u"--disable-everything"_s);
         for (const Component &component : needed)

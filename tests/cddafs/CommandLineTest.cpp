@@ -9,7 +9,7 @@ namespace tonearm {
 
 namespace {
 
-std::string refusalOf(const QList<QByteArray> &arguments)
+std::string complaintOf(const QList<QByteArray> &arguments)
 {
     const auto error = test::errorOf<UsageError>([&] { return parseCommandLine(arguments); });
     return error ? error->what() : "accepted";
@@ -52,17 +52,17 @@ TEST(CommandLine, NeedsNothingElseToTellAboutItself)
 TEST(CommandLine, RefusesWhatMakesNoSense)
 {
     const std::string incomplete = "A disc and a place for it are needed.";
-    EXPECT_EQ(refusalOf({}), incomplete);
-    EXPECT_EQ(refusalOf({"a.cue"}), incomplete);
-    EXPECT_EQ(refusalOf({"a.cue", ""}), incomplete);
-    EXPECT_EQ(refusalOf({"a.cue", "/mnt", "/mnt"}), incomplete);
-    EXPECT_EQ(refusalOf({"--in", "/run", "a.cue", "/mnt"}), incomplete);
-    EXPECT_EQ(refusalOf({"a.cue", "--in"}), "--in needs a value.");
-    EXPECT_EQ(refusalOf({"--parent", "x", "a.cue", "/mnt"}), "--parent needs the number of a process.");
-    EXPECT_EQ(refusalOf({"--parent", "0", "a.cue", "/mnt"}), "--parent needs the number of a process.");
-    EXPECT_EQ(refusalOf({"--parent", "1", "--background", "a.cue", "/mnt"}),
+    EXPECT_EQ(complaintOf({}), incomplete);
+    EXPECT_EQ(complaintOf({"a.cue"}), incomplete);
+    EXPECT_EQ(complaintOf({"a.cue", ""}), incomplete);
+    EXPECT_EQ(complaintOf({"a.cue", "/mnt", "/mnt"}), incomplete);
+    EXPECT_EQ(complaintOf({"--in", "/run", "a.cue", "/mnt"}), incomplete);
+    EXPECT_EQ(complaintOf({"a.cue", "--in"}), "--in needs a value.");
+    EXPECT_EQ(complaintOf({"--parent", "x", "a.cue", "/mnt"}), "--parent needs the number of a process.");
+    EXPECT_EQ(complaintOf({"--parent", "0", "a.cue", "/mnt"}), "--parent needs the number of a process.");
+    EXPECT_EQ(complaintOf({"--parent", "1", "--background", "a.cue", "/mnt"}),
               "--background and --parent exclude each other.");
-    EXPECT_EQ(refusalOf({"-f", "a.cue", "/mnt"}), "There is no option -f.");
+    EXPECT_EQ(complaintOf({"-f", "a.cue", "/mnt"}), "There is no option -f.");
 }
 
 } // namespace tonearm

@@ -30,7 +30,7 @@ QByteArray wholeFile()
 }
 
 // The offset in the file of one of the track's sectors.
-qint64 offsetOf(qint64 sector)
+qint64 offsetInFile(qint64 sector)
 {
     return sectorBytes + sector * sectorBytes;
 }
@@ -78,7 +78,7 @@ TEST(TrackReader, ReadsWholeSectorsFromTheDiscForWholeSectorsOfTheFile)
 {
     FailingSource source;
     TrackReader reader(source, track);
-    bytesRead(reader, offsetOf(10), 16 * sectorBytes);
+    bytesRead(reader, offsetInFile(10), 16 * sectorBytes);
     EXPECT_EQ(source.takeReadings(), (Readings{{510, 16}}));
 }
 
@@ -96,10 +96,10 @@ TEST(TrackReader, GivesAShortReadBeforeABadSectorAndFailsAtIt)
 {
     FailingSource source({520});
     TrackReader reader(source, track);
-    EXPECT_EQ(bytesRead(reader, offsetOf(10), 16 * sectorBytes), FailingSource::fileSectors(510, 10));
-    EXPECT_EQ(bytesRead(reader, offsetOf(20), 16 * sectorBytes), std::nullopt);
-    EXPECT_EQ(bytesRead(reader, offsetOf(20) + 100, 1), std::nullopt);
-    EXPECT_EQ(bytesRead(reader, offsetOf(21), sectorBytes), FailingSource::fileSectors(521, 1));
+    EXPECT_EQ(bytesRead(reader, offsetInFile(10), 16 * sectorBytes), FailingSource::fileSectors(510, 10));
+    EXPECT_EQ(bytesRead(reader, offsetInFile(20), 16 * sectorBytes), std::nullopt);
+    EXPECT_EQ(bytesRead(reader, offsetInFile(20) + 100, 1), std::nullopt);
+    EXPECT_EQ(bytesRead(reader, offsetInFile(21), sectorBytes), FailingSource::fileSectors(521, 1));
 }
 
 TEST(TrackReader, GivesTheHeaderBeforeABadFirstSector)
@@ -114,10 +114,10 @@ TEST(TrackReader, ReadsTheDiscAgainForEachOpening)
 {
     FailingSource source;
     TrackReader first(source, track);
-    bytesRead(first, offsetOf(0), sectorBytes);
+    bytesRead(first, offsetInFile(0), sectorBytes);
     const Readings readings = source.takeReadings();
     TrackReader second(source, track);
-    bytesRead(second, offsetOf(0), sectorBytes);
+    bytesRead(second, offsetInFile(0), sectorBytes);
     EXPECT_EQ(readings, (Readings{{500, 1}}));
     EXPECT_EQ(source.takeReadings(), readings);
 }

@@ -14,15 +14,14 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
+using test::artistColumn;
+using test::nameColumn;
 using test::rowOf;
 using test::tagsWith;
 using Field = EditableTagField;
 using Tester = QAbstractItemModelTester;
 
 namespace {
-
-constexpr int nameColumn = 0;
-constexpr int artistColumn = 2;
 
 EditableAudioFile unreadable(const QString &name)
 {

@@ -8,14 +8,14 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
+using test::artistColumn;
+using test::nameColumn;
 using namespace test;
 using Field = EditableTagField;
 using Key = RowComparator::Key;
 
 namespace {
 
-constexpr int nameColumn = 0;
-constexpr int artistColumn = 2;
 constexpr int discColumn = 7;
 
 struct EditorSorting : testing::Test

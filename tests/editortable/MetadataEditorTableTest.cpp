@@ -25,14 +25,13 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
+using test::artistColumn;
+using test::nameColumn;
 using namespace test;
 using Field = EditableTagField;
 using Tester = QAbstractItemModelTester;
 
 namespace {
-
-constexpr int nameColumn = 0;
-constexpr int artistColumn = 2;
 
 QList<int> widthsOf(const EditorHeader &header)
 {

@@ -11,6 +11,10 @@
 
 namespace tonearm::test {
 
+// Columns of the table.
+inline constexpr int nameColumn = 0;
+inline constexpr int artistColumn = 2;
+
 EditableAudioFile unreadableRow(const QString &name);
 
 /// Rows of one artist whose names have a number, from 1.

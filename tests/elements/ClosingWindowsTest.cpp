@@ -12,10 +12,10 @@ namespace tonearm {
 
 namespace {
 
-class Window : public QWidget
+class AskedWindow : public QWidget
 {
 public:
-    Window() { show(); }
+    AskedWindow() { show(); }
 
     bool isWilling = true;
     int askedCount = 0;
@@ -32,9 +32,9 @@ protected:
 
 TEST(ClosingWindows, ClosesThemAll)
 {
-    Window last;
-    Window other;
-    auto *deleted = new Window;
+    AskedWindow last;
+    AskedWindow other;
+    auto *deleted = new AskedWindow;
     deleted->setAttribute(Qt::WA_DeleteOnClose);
     closeAllWindows(last);
     EXPECT_FALSE(last.isVisible());
@@ -44,9 +44,9 @@ TEST(ClosingWindows, ClosesThemAll)
 
 TEST(ClosingWindows, KeepsTheLastWithOneThatWontClose)
 {
-    Window last;
-    Window unwilling;
-    Window other;
+    AskedWindow last;
+    AskedWindow unwilling;
+    AskedWindow other;
     unwilling.isWilling = false;
     closeAllWindows(last);
     EXPECT_TRUE(last.isVisible());
@@ -61,9 +61,9 @@ TEST(ClosingWindows, KeepsTheLastWithOneThatWontClose)
 
 TEST(ClosingWindows, LeavesTheLastItsSay)
 {
-    Window last;
+    AskedWindow last;
     last.isWilling = false;
-    Window other;
+    AskedWindow other;
     closeAllWindows(last);
     EXPECT_TRUE(last.isVisible());
     EXPECT_FALSE(other.isVisible());
@@ -71,8 +71,8 @@ TEST(ClosingWindows, LeavesTheLastItsSay)
 
 TEST(ClosingWindows, LeavesADialogToItsWindow)
 {
-    Window last;
-    Window unwilling;
+    AskedWindow last;
+    AskedWindow unwilling;
     unwilling.isWilling = false;
     QDialog question(&unwilling);
     question.open();
@@ -82,8 +82,8 @@ TEST(ClosingWindows, LeavesADialogToItsWindow)
 
 TEST(ClosingWindows, AsksNoneThatIsClosedAlready)
 {
-    Window last;
-    Window other;
+    AskedWindow last;
+    AskedWindow other;
     other.hide();
     closeAllWindows(last);
     EXPECT_EQ(other.askedCount, 0);

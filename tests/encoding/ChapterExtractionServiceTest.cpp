@@ -36,7 +36,7 @@ QCoro::Task<SourceInspection> inspection(const ChapterExtractionService &service
     return service.inspect(QUrl::fromLocalFile(path), std::stop_token());
 }
 
-ChapterInfo chapter(qint64 id, double start, double end, const QString &title)
+ChapterInfo madeChapter(qint64 id, double start, double end, const QString &title)
 {
     return {.id = id, .startSeconds = start, .endSeconds = end, .originalTitle = title, .mappedTitle = title};
 }
@@ -73,9 +73,9 @@ TEST(ChapterExtractionService, FindsChaptersAndAudio)
 {
     const auto found =
         inspected({.chapters = {{0, 1.5, u"One = 1; #"_s}, {1.5, 2.25, {}}, {2.25, 4, u" Größe "_s}}});
-    EXPECT_EQ(found.chapters,
-              (QList<ChapterInfo>{chapter(0, 0, 1.5, u"One = 1; #"_s), chapter(1, 1.5, 2.25, u"Chapter 2"_s),
-                                  chapter(2, 2.25, 4, u"Größe"_s)}));
+    EXPECT_EQ(found.chapters, (QList<ChapterInfo>{madeChapter(0, 0, 1.5, u"One = 1; #"_s),
+                                                  madeChapter(1, 1.5, 2.25, u"Chapter 2"_s),
+                                                  madeChapter(2, 2.25, 4, u"Größe"_s)}));
     EXPECT_EQ(found.audioStream, (AudioStreamInfo{.codecName = u"flac"_s,
                                                   .sampleRateHertz = 44100,
                                                   .bitDepth = 16,
@@ -106,7 +106,7 @@ TEST(ChapterExtractionService, AcceptsAFileWithoutAudio)
 {
     const auto found =
         inspected({.audioCodec = {}, .duration = 1, .chapters = {{0, 1, u"A"_s}}, .hasVideo = true});
-    EXPECT_EQ(found, (SourceInspection{.chapters = {chapter(0, 0, 1, u"A"_s)}, .audioStream = {}}));
+    EXPECT_EQ(found, (SourceInspection{.chapters = {madeChapter(0, 0, 1, u"A"_s)}, .audioStream = {}}));
 }
 
 TEST(ChapterExtractionService, RefusesAFileWithoutChapters)
@@ -200,7 +200,7 @@ TEST(ChapterExtractionService, IgnoresComplaintsOfASuccessfulRun)
     StandInTools tools;
     tools.add(u"ffprobe"_s, QByteArray("echo 'complaint' >&2; echo '") + oneChapter + "'");
     const auto found = test::await(inspection(ChapterExtractionService(tools.location()), sourceIn(tools)));
-    EXPECT_EQ(found.chapters, QList<ChapterInfo>{chapter(0, 0, 1, u"A"_s)});
+    EXPECT_EQ(found.chapters, QList<ChapterInfo>{madeChapter(0, 0, 1, u"A"_s)});
 }
 
 TEST(ChapterExtractionService, TellsWhyAReplyCantBeRead)

@@ -45,7 +45,7 @@ constexpr auto recordedCut = R"(
     for last; do printf '%s\n' "$last" >> "$here/arguments"; done
     echo sound > "$last")";
 
-ChapterInfo chapter(double start, double end, qint64 id = 0)
+ChapterInfo chapterAt(double start, double end, qint64 id = 0)
 {
     return {.id = id, .startSeconds = start, .endSeconds = end};
 }
@@ -117,11 +117,11 @@ private:
 TEST_F(RealPreviews, CutsTwentySecondsOfALongChapterAndAllOfAShortOne)
 {
     test::makeMedia(source().toLocalFile(), {.sampleRate = 8000, .duration = 190});
-    const ChapterPreview longOne = preview(chapter(8, 188, 1));
+    const ChapterPreview longOne = preview(chapterAt(8, 188, 1));
     EXPECT_EQ(longOne.duration, 20);
     EXPECT_EQ(longOne.chapterID, 1);
     EXPECT_NEAR(secondsOf(longOne), 20, millisecond);
-    const ChapterPreview shortOne = preview(chapter(0, 8));
+    const ChapterPreview shortOne = preview(chapterAt(0, 8));
     EXPECT_EQ(shortOne.duration, 8);
     EXPECT_NEAR(secondsOf(shortOne), 8, millisecond);
 }
@@ -132,7 +132,7 @@ TEST_F(RealPreviews, PlayWhatTheChapterHoldsFromItsStart)
     const QString track = path(u"track.aiff"_s);
     test::makeMedia(track, {.audioCodec = {u"-c:a"_s, u"pcm_s16be"_s}, .duration = 4});
     const QUrl url = QUrl::fromLocalFile(track);
-    const ChapterPreview made = await(service().preview(chapter(2, 3), url, limit, {}));
+    const ChapterPreview made = await(service().preview(chapterAt(2, 3), url, limit, {}));
     EXPECT_EQ(test::decodedAudio(fileOf(made)),
               test::decodedAudio(track).mid(2 * decodedBytesPerSecond, decodedBytesPerSecond));
 }
@@ -143,7 +143,7 @@ TEST_F(RealPreviews, AreSixteenBitStereoWhateverTheSource)
                                              .sampleRate = 96000,
                                              .channelLayout = u"5.1(side)"_s,
                                              .duration = 2});
-    const QByteArray header = test::readFile(fileOf(preview(chapter(0, 1)))).first(44);
+    const QByteArray header = test::readFile(fileOf(preview(chapterAt(0, 1)))).first(44);
     EXPECT_EQ(header.first(4), "RIFF");
     EXPECT_EQ(header.mid(22, 2), QByteArray("\x02\x00", 2));         // channels
     EXPECT_EQ(header.mid(24, 4), QByteArray("\x44\xAC\x00\x00", 4)); // hertz
@@ -153,7 +153,7 @@ TEST_F(RealPreviews, AreSixteenBitStereoWhateverTheSource)
 TEST_F(RealPreviews, FailWithFfmpegsWordsAndLeaveNothing)
 {
     test::writeFile(source().toLocalFile(), "This is a text.");
-    const auto error = test::errorOf<ProcessRunnerError>([&] { return preview(chapter(0, 1)); });
+    const auto error = test::errorOf<ProcessRunnerError>([&] { return preview(chapterAt(0, 1)); });
     ASSERT_TRUE(error.has_value());
     EXPECT_THAT(error->description().toStdString(), testing::HasSubstr("Invalid data"));
     EXPECT_EQ(files(), QStringList());
@@ -161,7 +161,7 @@ TEST_F(RealPreviews, FailWithFfmpegsWordsAndLeaveNothing)
 
 TEST_F(ScriptedPreviews, LieInTheFolderForPreviewsUnderANameOfTheirOwn)
 {
-    const ChapterPreview made = await(preview(chapter(0, 8)));
+    const ChapterPreview made = await(preview(chapterAt(0, 8)));
     EXPECT_EQ(QFileInfo(fileOf(made)).path(), previewFolder());
     const QString name = lastPathComponent(made.url);
     EXPECT_TRUE(name.startsWith(u"preview-"_s) && name.endsWith(u".wav"_s)) << name.toStdString();
@@ -171,7 +171,7 @@ TEST_F(ScriptedPreviews, LieInTheFolderForPreviewsUnderANameOfTheirOwn)
 
 TEST_F(ScriptedPreviews, TellFfmpegWhatToCut)
 {
-    const ChapterInfo wanted = chapter(3.25, 60);
+    const ChapterInfo wanted = chapterAt(3.25, 60);
     const ChapterPreview made = await(preview(wanted));
     const QStringList arguments = previewArguments(wanted, m_source, limit, fileOf(made));
     EXPECT_EQ(argumentsOfTheRun(), arguments.join(u'\n').toUtf8().split('\n'));
@@ -179,32 +179,32 @@ TEST_F(ScriptedPreviews, TellFfmpegWhatToCut)
 
 TEST_F(ScriptedPreviews, OfAChapterThatEndsBeforeItStartsHaveNoLength)
 {
-    EXPECT_EQ(await(preview(chapter(9, 5))).duration, 0);
+    EXPECT_EQ(await(preview(chapterAt(9, 5))).duration, 0);
     const QByteArrayList arguments = argumentsOfTheRun();
     EXPECT_EQ(arguments.value(arguments.indexOf("-t") + 1), "0.000000");
 }
 
 TEST_F(ScriptedPreviews, AreMadeOnce)
 {
-    const ChapterPreview first = await(preview(chapter(3, 90)));
-    EXPECT_EQ(await(preview(chapter(3, 90))), first);
+    const ChapterPreview first = await(preview(chapterAt(3, 90)));
+    EXPECT_EQ(await(preview(chapterAt(3, 90))), first);
     EXPECT_EQ(runs(), 1);
 }
 
 TEST_F(ScriptedPreviews, AreSharedByChaptersThatStartTogetherWhileEachKeepsItsIdAndLength)
 {
-    const ChapterPreview first = await(preview(chapter(3, 90, 1)));
-    EXPECT_EQ(await(preview(chapter(3.0000001, 8, 2))),
+    const ChapterPreview first = await(preview(chapterAt(3, 90, 1)));
+    EXPECT_EQ(await(preview(chapterAt(3.0000001, 8, 2))),
               (ChapterPreview{.chapterID = 2, .url = first.url, .duration = 8 - 3.0000001}));
     EXPECT_EQ(runs(), 1);
 }
 
 TEST_F(ScriptedPreviews, AreMadeForEachSourceAndStart)
 {
-    const ChapterPreview first = await(preview(chapter(3, 90)));
-    const ChapterPreview later = await(preview(chapter(4, 90)));
+    const ChapterPreview first = await(preview(chapterAt(3, 90)));
+    const ChapterPreview later = await(preview(chapterAt(4, 90)));
     m_source = QUrl(u"file:///music/other.mkv"_s);
-    const ChapterPreview other = await(preview(chapter(3, 90)));
+    const ChapterPreview other = await(preview(chapterAt(3, 90)));
     EXPECT_NE(first.url, later.url);
     EXPECT_NE(first.url, other.url);
     EXPECT_EQ(runs(), 3);
@@ -212,12 +212,12 @@ TEST_F(ScriptedPreviews, AreMadeForEachSourceAndStart)
 
 TEST_F(ScriptedPreviews, AreMadeAgainWhenTheirFileHasGone)
 {
-    const ChapterPreview first = await(preview(chapter(3, 90)));
+    const ChapterPreview first = await(preview(chapterAt(3, 90)));
     ASSERT_TRUE(QFile::remove(fileOf(first)));
-    const ChapterPreview second = await(preview(chapter(3, 90)));
+    const ChapterPreview second = await(preview(chapterAt(3, 90)));
     EXPECT_NE(second.url, first.url);
     EXPECT_TRUE(QFile::exists(fileOf(second)));
-    EXPECT_EQ(await(preview(chapter(3, 90))), second);
+    EXPECT_EQ(await(preview(chapterAt(3, 90))), second);
     EXPECT_EQ(runs(), 2);
 }
 
@@ -225,26 +225,26 @@ TEST_F(ScriptedPreviews, AreMadeTwiceWhenAskedForTwiceAtOnceAndTheLaterStays)
 {
     m_tools.add(u"ffmpeg"_s, QByteArray(recordedCut) + R"(
         until [ -e "$here/go" ]; do sleep 0.01; done)");
-    QCoro::Task<ChapterPreview> first = preview(chapter(3, 90));
-    QCoro::Task<ChapterPreview> second = preview(chapter(3, 90));
+    QCoro::Task<ChapterPreview> first = preview(chapterAt(3, 90));
+    QCoro::Task<ChapterPreview> second = preview(chapterAt(3, 90));
     EXPECT_TRUE(test::eventually([&] { return QFile::exists(previewFolder()) && files().size() == 2; }));
     test::writeFile(m_tools.path(u"go"_s), {});
     const QUrl firstURL = await(std::move(first)).url;
     const QUrl secondURL = await(std::move(second)).url;
     EXPECT_NE(firstURL, secondURL);
-    EXPECT_THAT((QList<QUrl>{firstURL, secondURL}), testing::Contains(await(preview(chapter(3, 90))).url));
+    EXPECT_THAT((QList<QUrl>{firstURL, secondURL}), testing::Contains(await(preview(chapterAt(3, 90))).url));
     EXPECT_EQ(runs(), 2);
 }
 
 TEST_F(ScriptedPreviews, GoWithTheCache)
 {
-    await(preview(chapter(3, 90)));
-    const ChapterPreview lost = await(preview(chapter(4, 90)));
+    await(preview(chapterAt(3, 90)));
+    const ChapterPreview lost = await(preview(chapterAt(4, 90)));
     EXPECT_EQ(files().size(), 2);
     ASSERT_TRUE(QFile::remove(fileOf(lost)));
     await(m_service.clearCache());
     EXPECT_EQ(files(), QStringList());
-    await(preview(chapter(3, 90)));
+    await(preview(chapterAt(3, 90)));
     EXPECT_EQ(runs(), 3);
 }
 
@@ -252,7 +252,7 @@ TEST_F(ScriptedPreviews, SurviveAClearingOfTheCacheWhileTheyAreMade)
 {
     m_tools.add(u"ffmpeg"_s, QByteArray(recordedCut) + R"(
         until [ -e "$here/go" ]; do sleep 0.01; done)");
-    QCoro::Task<ChapterPreview> making = preview(chapter(3, 90));
+    QCoro::Task<ChapterPreview> making = preview(chapterAt(3, 90));
     ASSERT_TRUE(m_tools.waitFor(u"runs"_s));
     await(m_service.clearCache());
     test::writeFile(m_tools.path(u"go"_s), {});
@@ -262,31 +262,31 @@ TEST_F(ScriptedPreviews, SurviveAClearingOfTheCacheWhileTheyAreMade)
 TEST_F(ScriptedPreviews, LeaveNoFileOfARunThatFails)
 {
     m_tools.add(u"ffmpeg"_s, QByteArray(recordedCut) + "\necho broken >&2; exit 3");
-    EXPECT_EQ(awaitError<ProcessRunnerError>(preview(chapter(3, 90))),
+    EXPECT_EQ(awaitError<ProcessRunnerError>(preview(chapterAt(3, 90))),
               ProcessRunnerError::nonZeroExit(u"ffmpeg"_s, 3, u"broken\n"_s));
     EXPECT_EQ(files(), QStringList());
     m_tools.add(u"ffmpeg"_s, recordedCut);
-    EXPECT_TRUE(QFile::exists(fileOf(await(preview(chapter(3, 90))))));
+    EXPECT_TRUE(QFile::exists(fileOf(await(preview(chapterAt(3, 90))))));
 }
 
 TEST_F(ScriptedPreviews, NeedFfmpeg)
 {
     ASSERT_TRUE(QFile::remove(m_tools.path(u"bin/ffmpeg"_s)));
-    EXPECT_EQ(awaitError<FFmpegNotFoundError>(preview(chapter(3, 90))), FFmpegNotFoundError(u"ffmpeg"_s));
+    EXPECT_EQ(awaitError<FFmpegNotFoundError>(preview(chapterAt(3, 90))), FFmpegNotFoundError(u"ffmpeg"_s));
 }
 
 TEST_F(ScriptedPreviews, PassOnThatFfmpegCantBeStarted)
 {
     m_tools.addBytes(u"ffmpeg"_s, "\x7f"
                                   "ELF, but no program");
-    EXPECT_TRUE(awaitError<std::system_error>(preview(chapter(3, 90))).has_value());
+    EXPECT_TRUE(awaitError<std::system_error>(preview(chapterAt(3, 90))).has_value());
 }
 
 TEST_F(ScriptedPreviews, NeedTheirFolder)
 {
     test::writeFile(m_folder.filePath(u"file"_s), {});
     ChapterPreviewService service(m_tools.location(), m_folder.filePath(u"file"_s));
-    const auto error = awaitError<std::system_error>(service.preview(chapter(0, 1), m_source, limit, {}));
+    const auto error = awaitError<std::system_error>(service.preview(chapterAt(0, 1), m_source, limit, {}));
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->code(), std::errc::not_a_directory);
     EXPECT_FALSE(QFile::exists(m_tools.path(u"runs"_s)));
@@ -301,7 +301,7 @@ TEST_F(ScriptedPreviews, EndFfmpegAndLeaveNothingWhenCancelled)
         echo > "$here/started"
         exec sleep 60)");
     std::stop_source stop;
-    QCoro::Task<ChapterPreview> making = preview(chapter(3, 90), stop.get_token());
+    QCoro::Task<ChapterPreview> making = preview(chapterAt(3, 90), stop.get_token());
     ASSERT_TRUE(m_tools.waitFor(u"started"_s));
     EXPECT_EQ(files().size(), 1);
     stop.request_stop();
@@ -314,7 +314,7 @@ TEST_F(ScriptedPreviews, StartNothingWhenCancelledBefore)
 {
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_TRUE(awaitError<CancellationError>(preview(chapter(3, 90), stop.get_token())).has_value());
+    EXPECT_TRUE(awaitError<CancellationError>(preview(chapterAt(3, 90), stop.get_token())).has_value());
     EXPECT_FALSE(QFile::exists(m_tools.path(u"runs"_s)));
 }
 
@@ -327,7 +327,7 @@ TEST_F(RealPreviews, EndWellOrLeaveNothingAtWhateverMomentTheyAreCancelled)
         QTimer::singleShot(std::chrono::milliseconds(delay), [handle] { handle.cancel(); });
         try {
             // Each from another start, so that none finds the file of the one before.
-            const ChapterInfo wanted = chapter(delay / 10.0, 30);
+            const ChapterInfo wanted = chapterAt(delay / 10.0, 30);
             made << lastPathComponent(
                 await(service().preview(wanted, source(), limit, handle.stopToken())).url);
         } catch (const CancellationError &) { // NOLINT(bugprone-empty-catch): one of the two good ends

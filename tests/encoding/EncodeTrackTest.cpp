@@ -31,7 +31,7 @@ using test::StandInTools;
 
 namespace {
 
-AudioEncodingService realService()
+AudioEncodingService encodingService()
 {
     return AudioEncodingService(ToolLocation(resourceFolder()));
 }
@@ -108,13 +108,13 @@ protected:
     // The same work by the system's ffmpeg, without this program.
     QByteArray bareResult(const TrackEncoding &track)
     {
-        QStringList arguments = realService().arguments(track);
+        QStringList arguments = encodingService().arguments(track);
         arguments.last() = path(u"bare.flac"_s);
         test::outputOf(u"ffmpeg"_s, arguments);
         return test::decodedAudio(path(u"bare.flac"_s));
     }
 
-    void encode(const TrackEncoding &track) { test::await(realService().encode(track, nullptr, {})); }
+    void encode(const TrackEncoding &track) { test::await(encodingService().encode(track, nullptr, {})); }
 
     QString path(const QString &name) const { return m_folder.filePath(name); }
 
@@ -278,13 +278,13 @@ TEST_F(EncodeTrack, ReportsItsProgressFromAnotherThread)
     std::mutex lock;
     std::vector<double> fractions;
     std::vector<QThread *> threads;
-    test::await(realService().encode(track,
-                                     [&](double fraction) {
-                                         const std::lock_guard guard(lock);
-                                         fractions.push_back(fraction);
-                                         threads.push_back(QThread::currentThread());
-                                     },
-                                     {}));
+    test::await(encodingService().encode(track,
+                                         [&](double fraction) {
+                                             const std::lock_guard guard(lock);
+                                             fractions.push_back(fraction);
+                                             threads.push_back(QThread::currentThread());
+                                         },
+                                         {}));
     EXPECT_THAT(threads, testing::Each(testing::Ne(QThread::currentThread())));
     EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end()));
     ASSERT_FALSE(fractions.empty());
@@ -296,7 +296,7 @@ TEST_F(EncodeTrack, LeavesNothingOfASourceThatCantBeRead)
     TrackEncoding track = secondChapterOf({});
     test::writeFile(track.source.toLocalFile(), "This is a text.");
     makeOlderOutput(track);
-    const auto error = test::awaitError<ProcessRunnerError>(realService().encode(track, nullptr, {}));
+    const auto error = test::awaitError<ProcessRunnerError>(encodingService().encode(track, nullptr, {}));
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->command, u"ffmpeg"_s);
     EXPECT_NE(error->status, 0);
@@ -329,7 +329,7 @@ TEST_F(EncodeTrack, LeavesNothingOfAnEncodingThatIsCancelled)
     };
     std::stop_source stop;
     bool hadOutput = false;
-    auto task = realService().encode(
+    auto task = encodingService().encode(
         track,
         [&](double) {
             hadOutput = hadOutput || hasOutput(track);

@@ -23,9 +23,9 @@ namespace {
 // Three hours east of Greenwich.
 constexpr auto testZone = "TST-3";
 
-QDateTime utc(int hour, int minute, int second, int millisecond = 0)
+QDateTime utc(int hour, int minute, int second, int milliseconds = 0)
 {
-    return {QDate(2026, 1, 5), QTime(hour, minute, second, millisecond), Qt::UTC};
+    return {QDate(2026, 1, 5), QTime(hour, minute, second, milliseconds), Qt::UTC};
 }
 
 EncodingLog fileJob()

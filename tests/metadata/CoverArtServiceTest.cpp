@@ -4,6 +4,7 @@
 #include "artwork/CoverArtError.h"
 #include "helpers/Await.h"
 #include "helpers/Printing.h"
+#include "metadata/Records.h"
 #include "metadata/ServicesFixture.h"
 #include "support/Cancellation.h"
 
@@ -13,12 +14,11 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using test::await;
 using test::awaitError;
+using test::discogsSource;
 using test::LoopbackResponse;
+using test::musicBrainzSource;
 
 namespace {
-
-constexpr auto musicBrainzSource = MetadataSource::musicBrainz;
-constexpr auto discogsSource = MetadataSource::discogs;
 
 class CoverArtServiceTest : public test::ServicesFixture
 {

@@ -14,18 +14,18 @@ using test::track;
 
 namespace {
 
-const QString site = u"https://dg.example"_s;
+const QString discogsSite = u"https://dg.example"_s;
 
 // A result's members without its braces and its id.
 ReleaseInfo summaryOf(const QByteArray &members)
 {
     const QByteArray reply = R"({"results": [{"id": 123, )" + members + "}]}";
-    return releaseInfo(readResults(JsonNode::parse(reply)).first(), site);
+    return releaseInfo(readResults(JsonNode::parse(reply)).first(), discogsSite);
 }
 
 ReleaseInfo detailsOf(const QByteArray &reply)
 {
-    return plain(releaseInfo(readReleaseDetails(JsonNode::parse(reply)), u"asked"_s, site));
+    return plain(releaseInfo(readReleaseDetails(JsonNode::parse(reply)), u"asked"_s, discogsSite));
 }
 
 QString addressOf(const QByteArray &uri)
@@ -38,7 +38,7 @@ QString barcodeOf(const QByteArray &identifiers)
     return detailsOf(R"({"identifiers": )" + identifiers + '}').barcode;
 }
 
-QList<TrackInfo> tracksOf(const QByteArray &tracklist)
+QList<TrackInfo> tracksOfList(const QByteArray &tracklist)
 {
     return detailsOf(R"({"tracklist": )" + tracklist + '}').tracks;
 }
@@ -156,7 +156,7 @@ TEST(DiscogsDetails, TakeTheFirstBarcode)
 
 TEST(DiscogsTracks, LeaveOutHeadingsAndIndexRows)
 {
-    EXPECT_EQ(tracksOf(R"([{"title": "Side A", "type_": "heading"},
+    EXPECT_EQ(tracksOfList(R"([{"title": "Side A", "type_": "heading"},
                            {"position": "A1", "title": "One", "type_": "track"},
                            {"position": "1-01", "title": "Two", "type_": "Track"},
                            {"position": "3", "title": "Three", "type_": "TRACK"},
@@ -172,14 +172,14 @@ TEST(DiscogsTracks, LeaveOutHeadingsAndIndexRows)
 
 TEST(DiscogsTracks, LeaveOutRowsWithoutTitles)
 {
-    EXPECT_EQ(tracksOf(R"([{"position": "1", "type_": "track"}, {"position": "2", "title": null},
+    EXPECT_EQ(tracksOfList(R"([{"position": "1", "type_": "track"}, {"position": "2", "title": null},
                            {"position": "3", "title": ""}, {"position": "4", "title": " "}])"),
               (QList{track(u"4"_s, u" "_s)}));
 }
 
 TEST(DiscogsTracks, HaveTheirLengths)
 {
-    EXPECT_EQ(tracksOf(R"([{"title": "A", "duration": "4:05"}, {"title": "B", "duration": ""},
+    EXPECT_EQ(tracksOfList(R"([{"title": "A", "duration": "4:05"}, {"title": "B", "duration": ""},
                            {"title": "C", "duration": null}, {"title": "D"}])"),
               (QList{track({}, u"A"_s, 245000), track({}, u"B"_s), track({}, u"C"_s), track({}, u"D"_s)}));
 }

@@ -12,14 +12,13 @@ namespace tonearm {
 using namespace Qt::StringLiterals;
 using test::await;
 using test::awaitError;
+using test::discogsSource;
 using test::LoopbackResponse;
 using test::plain;
 using test::track;
 using Error = MetadataServiceError;
 
 namespace {
-
-constexpr auto source = MetadataSource::discogs;
 
 class DiscogsServiceTest : public test::ServicesFixture
 {
@@ -80,8 +79,9 @@ TEST_F(DiscogsServiceTest, FindsSummariesInTheServicesOrder)
                                  .title = u"Nina - Blue"_s,
                                  .year = u"1998"_s,
                                  .url = u"https://dg.example/release/9-x"_s,
-                                 .source = source},
-                     ReleaseInfo{.id = u"3"_s, .url = u"https://dg.example/release/3"_s, .source = source}}));
+                                 .source = discogsSource},
+                     ReleaseInfo{
+                         .id = u"3"_s, .url = u"https://dg.example/release/3"_s, .source = discogsSource}}));
 }
 
 TEST_F(DiscogsServiceTest, FindsNothingInAnEmptyReply)
@@ -101,7 +101,7 @@ TEST_F(DiscogsServiceTest, FetchesAReleaseInFull)
                            .artist = u"Nina"_s,
                            .title = u"Blue"_s,
                            .url = u"https://dg.example/release/12"_s,
-                           .source = source,
+                           .source = discogsSource,
                            .tracks = {track(u"A1"_s, u"Dawn"_s)},
                            .trackCount = 1}));
     EXPECT_EQ(targets(), (QByteArrayList{"/releases/12"}));
@@ -109,7 +109,8 @@ TEST_F(DiscogsServiceTest, FetchesAReleaseInFull)
 
 TEST_F(DiscogsServiceTest, TellsThatAReleaseIsNotThere)
 {
-    EXPECT_EQ(awaitError<Error>(discogs.details(u" 12 "_s, noStop)), Error::releaseNotFound(source, u"12"_s));
+    EXPECT_EQ(awaitError<Error>(discogs.details(u" 12 "_s, noStop)),
+              Error::releaseNotFound(discogsSource, u"12"_s));
 }
 
 TEST_F(DiscogsServiceTest, RefusesABlankRelease)
@@ -121,17 +122,17 @@ TEST_F(DiscogsServiceTest, RefusesABlankRelease)
 TEST_F(DiscogsServiceTest, PassesFailuresOnWithoutAskingAgain)
 {
     discogsServer.answerWith([](const auto &) { return LoopbackResponse::withStatus(429); });
-    EXPECT_EQ(awaitError<Error>(discogs.search(u"A"_s, {}, noStop)), Error::rateLimited(source));
-    EXPECT_EQ(awaitError<Error>(discogs.details(u"1"_s, noStop)), Error::rateLimited(source));
+    EXPECT_EQ(awaitError<Error>(discogs.search(u"A"_s, {}, noStop)), Error::rateLimited(discogsSource));
+    EXPECT_EQ(awaitError<Error>(discogs.details(u"1"_s, noStop)), Error::rateLimited(discogsSource));
     EXPECT_EQ(discogsServer.requests().size(), 2);
 }
 
 TEST_F(DiscogsServiceTest, TakesOnlyAReleasesAbsenceForAnAnswer)
 {
     discogsServer.answer("/releases/1", LoopbackResponse::withStatus(500));
-    EXPECT_EQ(awaitError<Error>(discogs.details(u"1"_s, noStop)), Error::httpFailure(source, 500));
+    EXPECT_EQ(awaitError<Error>(discogs.details(u"1"_s, noStop)), Error::httpFailure(discogsSource, 500));
     discogsServer.answer("/database/search", LoopbackResponse::withStatus(404));
-    EXPECT_EQ(awaitError<Error>(discogs.search(u"A"_s, {}, noStop)), Error::httpFailure(source, 404));
+    EXPECT_EQ(awaitError<Error>(discogs.search(u"A"_s, {}, noStop)), Error::httpFailure(discogsSource, 404));
 }
 
 TEST_F(DiscogsServiceTest, TellsWhereAReplyIsMalformed)
@@ -140,9 +141,9 @@ TEST_F(DiscogsServiceTest, TellsWhereAReplyIsMalformed)
         return LoopbackResponse::json(R"({"results": [{"id": "9"}], "images": [{"width": "600"}]})");
     });
     EXPECT_EQ(awaitError<Error>(discogs.search(u"A"_s, {}, noStop)),
-              Error::malformedResponse(source, u"Unexpected value at \"results.Index 0.id\"."_s));
+              Error::malformedResponse(discogsSource, u"Unexpected value at \"results.Index 0.id\"."_s));
     EXPECT_EQ(awaitError<Error>(discogs.details(u"1"_s, noStop)),
-              Error::malformedResponse(source, u"Unexpected value at \"images.Index 0.width\"."_s));
+              Error::malformedResponse(discogsSource, u"Unexpected value at \"images.Index 0.width\"."_s));
 }
 
 TEST_F(DiscogsServiceTest, StopsWhenAsked)

@@ -12,12 +12,11 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
+using test::discogsSource;
 using test::idsOf;
+using test::musicBrainzSource;
 
 namespace {
-
-constexpr auto musicBrainzSource = MetadataSource::musicBrainz;
-constexpr auto discogsSource = MetadataSource::discogs;
 
 ReleaseInfo dated(const QString &id, const QString &year, MetadataSource source = musicBrainzSource)
 {

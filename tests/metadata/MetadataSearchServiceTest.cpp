@@ -13,16 +13,15 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using test::await;
 using test::awaitError;
+using test::discogsSource;
 using test::idsOf;
 using test::LoopbackResponse;
+using test::musicBrainzSource;
 using test::plain;
 using test::track;
 using Error = MetadataServiceError;
 
 namespace {
-
-constexpr auto musicBrainzSource = MetadataSource::musicBrainz;
-constexpr auto discogsSource = MetadataSource::discogs;
 
 using MetadataSearchServiceTest = test::ServicesFixture;
 
@@ -35,7 +34,7 @@ LoopbackResponse releases(int count)
     return LoopbackResponse::json(R"({"releases": [)" + entries.join(',') + "]}");
 }
 
-LoopbackResponse dated(const QByteArray &first, const QByteArray &second)
+LoopbackResponse releasesOfYears(const QByteArray &first, const QByteArray &second)
 {
     return LoopbackResponse::json(R"({"releases": [{"id": "m1", "date": ")" + first +
                                   R"("}, {"id": "m2", "date": ")" + second + R"("}]})");
@@ -54,7 +53,7 @@ QList<std::pair<MetadataSource, QString>> endingsOf(const MetadataSearchOutcome 
 
 TEST_F(MetadataSearchServiceTest, MergesWhatBothServicesFind)
 {
-    musicBrainzServer.answer("/ws/2/release", dated("1998", "1975"));
+    musicBrainzServer.answer("/ws/2/release", releasesOfYears("1998", "1975"));
     discogsServer.answer("/database/search", LoopbackResponse::json(R"({"results": [
         {"id": 1, "year": 1998}, {"id": 2, "year": 1980}, {"id": 1, "year": 1981}]})"));
     const MetadataSearchOutcome outcome = await(search.search(u"Nina"_s, u"Blue"_s, noStop));

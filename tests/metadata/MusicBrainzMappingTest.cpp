@@ -14,13 +14,13 @@ using test::track;
 
 namespace {
 
-const QString site = u"https://mb.example"_s;
+const QString musicBrainzSite = u"https://mb.example"_s;
 
 // A release's members without its braces and its id.
 ReleaseInfo releaseOf(const QByteArray &members, const std::optional<QString> &discID = {})
 {
     const QByteArray reply = R"({"releases": [{"id": "r1", )" + members + "}]}";
-    return plain(releaseInfo(readReleases(JsonNode::parse(reply)).first(), discID, site));
+    return plain(releaseInfo(readReleases(JsonNode::parse(reply)).first(), discID, musicBrainzSite));
 }
 
 QString artistOf(const QByteArray &credits)
@@ -38,14 +38,14 @@ std::optional<qint64> trackCountOf(const QByteArray &members, const std::optiona
     return releaseOf(members, discID).trackCount;
 }
 
-QList<TrackInfo> tracksOf(const QByteArray &media)
+QList<TrackInfo> tracksOfMedia(const QByteArray &media)
 {
     return plain(trackInfos(readTracks(JsonNode::parse(R"({"media": )" + media + '}'))));
 }
 
 TrackInfo trackOf(const QByteArray &members)
 {
-    return tracksOf(R"([{"tracks": [{)" + members + "}]}]").value(0);
+    return tracksOfMedia(R"([{"tracks": [{)" + members + "}]}]").value(0);
 }
 
 // A set of two discs, the second of which is "disc two".
@@ -269,11 +269,12 @@ TEST(MusicBrainzTrack, TakesTitleAndLengthOfTheRecordingWhereItHasNone)
 
 TEST(MusicBrainzTrack, StandsInOneListForAllMedia)
 {
-    EXPECT_EQ(tracksOf(R"([{"tracks": [{"title": "One"}, {"title": "[data track]"}]}, {}, {"tracks": null},
+    EXPECT_EQ(
+        tracksOfMedia(R"([{"tracks": [{"title": "One"}, {"title": "[data track]"}]}, {}, {"tracks": null},
                            {"tracks": []}, {"tracks": [{"title": "Three"}]}])"),
-              (QList{track({}, u"One"_s), track({}, u"[data track]"_s), track({}, u"Three"_s)}));
-    EXPECT_EQ(tracksOf("[]"), QList<TrackInfo>());
-    EXPECT_EQ(tracksOf("null"), QList<TrackInfo>());
+        (QList{track({}, u"One"_s), track({}, u"[data track]"_s), track({}, u"Three"_s)}));
+    EXPECT_EQ(tracksOfMedia("[]"), QList<TrackInfo>());
+    EXPECT_EQ(tracksOfMedia("null"), QList<TrackInfo>());
 }
 
 TEST(MusicBrainzTrack, HasAnIdentityOfItsOwn)

@@ -13,13 +13,12 @@ using namespace Qt::StringLiterals;
 using test::await;
 using test::awaitError;
 using test::LoopbackResponse;
+using test::musicBrainzSource;
 using test::plain;
 using test::track;
 using Error = MetadataServiceError;
 
 namespace {
-
-constexpr auto source = MetadataSource::musicBrainz;
 
 class MusicBrainzServiceTest : public test::ServicesFixture
 {
@@ -128,7 +127,7 @@ TEST_F(MusicBrainzServiceTest, FetchesTheTracksOfARelease)
 TEST_F(MusicBrainzServiceTest, TellsThatAReleaseIsNotThere)
 {
     EXPECT_EQ(awaitError<Error>(musicBrainz.tracks(u" gone "_s, noStop)),
-              Error::releaseNotFound(source, u"gone"_s));
+              Error::releaseNotFound(musicBrainzSource, u"gone"_s));
 }
 
 TEST_F(MusicBrainzServiceTest, RefusesABlankRelease)
@@ -140,19 +139,24 @@ TEST_F(MusicBrainzServiceTest, RefusesABlankRelease)
 TEST_F(MusicBrainzServiceTest, PassesFailuresOnWithoutAskingAgain)
 {
     musicBrainzServer.answerWith([](const auto &) { return LoopbackResponse::withStatus(503); });
-    EXPECT_EQ(awaitError<Error>(musicBrainz.search(u"A"_s, {}, noStop)), Error::rateLimited(source));
-    EXPECT_EQ(awaitError<Error>(musicBrainz.lookUpDisc(u"d"_s, noStop)), Error::rateLimited(source));
-    EXPECT_EQ(awaitError<Error>(musicBrainz.tracks(u"r"_s, noStop)), Error::rateLimited(source));
+    EXPECT_EQ(awaitError<Error>(musicBrainz.search(u"A"_s, {}, noStop)),
+              Error::rateLimited(musicBrainzSource));
+    EXPECT_EQ(awaitError<Error>(musicBrainz.lookUpDisc(u"d"_s, noStop)),
+              Error::rateLimited(musicBrainzSource));
+    EXPECT_EQ(awaitError<Error>(musicBrainz.tracks(u"r"_s, noStop)), Error::rateLimited(musicBrainzSource));
     EXPECT_EQ(musicBrainzServer.requests().size(), 3);
 }
 
 TEST_F(MusicBrainzServiceTest, TakesOnlyADiscsAbsenceForAnAnswer)
 {
     musicBrainzServer.answerWith([](const auto &) { return LoopbackResponse::withStatus(410); });
-    EXPECT_EQ(awaitError<Error>(musicBrainz.lookUpDisc(u"d"_s, noStop)), Error::httpFailure(source, 410));
-    EXPECT_EQ(awaitError<Error>(musicBrainz.tracks(u"r"_s, noStop)), Error::httpFailure(source, 410));
+    EXPECT_EQ(awaitError<Error>(musicBrainz.lookUpDisc(u"d"_s, noStop)),
+              Error::httpFailure(musicBrainzSource, 410));
+    EXPECT_EQ(awaitError<Error>(musicBrainz.tracks(u"r"_s, noStop)),
+              Error::httpFailure(musicBrainzSource, 410));
     musicBrainzServer.answerWith([](const auto &) { return LoopbackResponse::withStatus(404); });
-    EXPECT_EQ(awaitError<Error>(musicBrainz.search(u"A"_s, {}, noStop)), Error::httpFailure(source, 404));
+    EXPECT_EQ(awaitError<Error>(musicBrainz.search(u"A"_s, {}, noStop)),
+              Error::httpFailure(musicBrainzSource, 404));
 }
 
 TEST_F(MusicBrainzServiceTest, TellsWhereAReplyIsMalformed)
@@ -161,12 +165,13 @@ TEST_F(MusicBrainzServiceTest, TellsWhereAReplyIsMalformed)
         return LoopbackResponse::json(
             R"({"releases": [{"id": "r"}, {"id": 5}], "media": [{"tracks": [{"length": "long"}]}]})");
     });
-    const Error wrongID = Error::malformedResponse(source, u"Unexpected value at \"releases.Index 1.id\"."_s);
+    const Error wrongID =
+        Error::malformedResponse(musicBrainzSource, u"Unexpected value at \"releases.Index 1.id\"."_s);
     EXPECT_EQ(awaitError<Error>(musicBrainz.search(u"A"_s, {}, noStop)), wrongID);
     EXPECT_EQ(awaitError<Error>(musicBrainz.lookUpDisc(u"d"_s, noStop)), wrongID);
-    EXPECT_EQ(
-        awaitError<Error>(musicBrainz.tracks(u"r"_s, noStop)),
-        Error::malformedResponse(source, u"Unexpected value at \"media.Index 0.tracks.Index 0.length\"."_s));
+    EXPECT_EQ(awaitError<Error>(musicBrainz.tracks(u"r"_s, noStop)),
+              Error::malformedResponse(musicBrainzSource,
+                                       u"Unexpected value at \"media.Index 0.tracks.Index 0.length\"."_s));
 }
 
 TEST_F(MusicBrainzServiceTest, StopsWhenAsked)

@@ -21,6 +21,10 @@ void PrintTo(const MetadataServiceError &error, std::ostream *out);
 
 namespace tonearm::test {
 
+// In a test, `musicBrainz` and `discogs` are the services themselves.
+inline constexpr auto musicBrainzSource = MetadataSource::musicBrainz;
+inline constexpr auto discogsSource = MetadataSource::discogs;
+
 /// A track without an identity.
 TrackInfo track(const QString &position, const QString &title, std::optional<qint64> milliseconds = {});
 

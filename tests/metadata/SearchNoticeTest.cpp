@@ -2,6 +2,7 @@
 #include "metadata/SearchNotice.h"
 
 #include "helpers/Printing.h"
+#include "metadata/Records.h"
 #include "support/Cancellation.h"
 #include "web/MetadataServiceError.h"
 
@@ -13,13 +14,12 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
+using test::discogsSource;
+using test::musicBrainzSource;
 using Error = MetadataServiceError;
 using Notice = MetadataSearchOutcome::Notice;
 
 namespace {
-
-constexpr auto musicBrainzSource = MetadataSource::musicBrainz;
-constexpr auto discogsSource = MetadataSource::discogs;
 
 template <typename Failure> std::optional<Notice> noticeAbout(const Failure &failure, MetadataSource source)
 {

@@ -27,7 +27,7 @@ ArtworkFingerprint fingerprintOf(const SongFolder &folder, const QString &name)
     return test::await(folder.service().fingerprint(folder.load(name), {}));
 }
 
-EditableAudioFile rowWithPicture(const QUrl &url)
+EditableAudioFile fileWithPicture(const QUrl &url)
 {
     EditableAudioFile file{.url = url, .tags = {}, .unreadableReason = {}, .modificationDate = {}};
     file.tags.hasAttachedPicture = true;
@@ -115,7 +115,7 @@ TEST(FingerprintFile, NeedsNoSize)
 {
     const SongFolder folder;
     folder.makeSongWithCover(u"a.flac"_s, folder.makePicture(u"cover.png"_s));
-    const EditableAudioFile row = rowWithPicture(folder.url(u"a.flac"_s));
+    const EditableAudioFile row = fileWithPicture(folder.url(u"a.flac"_s));
     const ArtworkFingerprint found = test::await(folder.service().fingerprint(row, {}));
     EXPECT_EQ(found.pixelWidth, 0);
     EXPECT_EQ(found.pixelHeight, 0);
@@ -125,7 +125,7 @@ TEST(FingerprintFile, IsReadFourAtATime)
 {
     const SongFolder folder;
     folder.makeSongWithCover(u"a.flac"_s, folder.makePicture(u"cover.png"_s));
-    const EditableAudioFile row = rowWithPicture(folder.url(u"a.flac"_s));
+    const EditableAudioFile row = fileWithPicture(folder.url(u"a.flac"_s));
     std::vector<QCoro::Task<ArtworkFingerprint>> tasks;
     for (int number = 0; number < 4; ++number)
         tasks.push_back(folder.service().fingerprint(row, {}));
@@ -148,7 +148,7 @@ TEST(FingerprintFailure, LeavesNothingOfAPictureThatCantBeTakenOut)
 {
     const SongFolder folder;
     folder.makeSong(u"a.flac"_s);
-    const EditableAudioFile row = rowWithPicture(folder.url(u"a.flac"_s));
+    const EditableAudioFile row = fileWithPicture(folder.url(u"a.flac"_s));
     EXPECT_TRUE(test::awaitError<ProcessRunnerError>(folder.service().fingerprint(row, {})));
     EXPECT_TRUE(folder.temporaryFiles().isEmpty());
 }
@@ -158,7 +158,7 @@ TEST(FingerprintFailure, LeavesNothingOfAToolThatDies)
     test::StandInTools tools;
     tools.add(u"ffmpeg"_s, R"(for output; do :; done; echo half > "$output"; kill -9 $$)");
     const SongFolder folder(tools.location());
-    const EditableAudioFile row = rowWithPicture(folder.url(u"a.flac"_s));
+    const EditableAudioFile row = fileWithPicture(folder.url(u"a.flac"_s));
     EXPECT_TRUE(test::awaitError<ProcessRunnerError>(folder.service().fingerprint(row, {})));
     EXPECT_TRUE(folder.temporaryFiles().isEmpty());
 }
@@ -170,7 +170,7 @@ TEST(FingerprintFailure, LeavesNothingWhenItIsStopped)
               R"(for output; do :; done; echo half > "$output"; : > "$here/started"; exec sleep 60)");
     const SongFolder folder(tools.location());
     std::stop_source source;
-    auto task = folder.service().fingerprint(rowWithPicture(folder.url(u"a.flac"_s)), source.get_token());
+    auto task = folder.service().fingerprint(fileWithPicture(folder.url(u"a.flac"_s)), source.get_token());
     ASSERT_TRUE(tools.waitFor(u"started"_s));
     source.request_stop();
     EXPECT_TRUE(test::awaitError<CancellationError>(std::move(task)));
@@ -182,7 +182,7 @@ TEST(FingerprintFailure, TellsOfAToolThatMakesNothing)
     test::StandInTools tools;
     tools.add(u"ffmpeg"_s, "exit 0");
     const SongFolder folder(tools.location());
-    const EditableAudioFile row = rowWithPicture(folder.url(u"a.flac"_s));
+    const EditableAudioFile row = fileWithPicture(folder.url(u"a.flac"_s));
     const auto error = test::awaitError<std::system_error>(folder.service().fingerprint(row, {}));
     ASSERT_TRUE(error);
     EXPECT_EQ(error->code(), std::errc::no_such_file_or_directory);
@@ -193,7 +193,7 @@ TEST(FingerprintFailure, PassesOnThatTheFolderCantBeMade)
     const SongFolder folder;
     test::writeFile(folder.path(u"file"_s), {});
     const AudioFileTagService service(test::shippedTools(), folder.path(u"file"_s));
-    const EditableAudioFile row = rowWithPicture(folder.url(u"a.flac"_s));
+    const EditableAudioFile row = fileWithPicture(folder.url(u"a.flac"_s));
     const auto error = test::awaitError<std::system_error>(service.fingerprint(row, {}));
     ASSERT_TRUE(error);
     EXPECT_EQ(error->code(), std::errc::not_a_directory);
@@ -207,7 +207,7 @@ for output; do :; done
 printf '%s\n' "$@" > "$here/arguments"
 printf abc > "$output")");
     const SongFolder folder(tools.location());
-    const EditableAudioFile row = rowWithPicture(folder.url(u"a.flac"_s));
+    const EditableAudioFile row = fileWithPicture(folder.url(u"a.flac"_s));
     const ArtworkFingerprint found = test::await(folder.service().fingerprint(row, {}));
     EXPECT_EQ(found.digest, u"ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"_s);
     EXPECT_EQ(found.byteCount, 3);

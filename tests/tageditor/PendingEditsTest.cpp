@@ -18,7 +18,7 @@ namespace {
 
 constexpr qint64 budget = 1000;
 
-ArtworkFingerprint picture(qint64 byteCount)
+ArtworkFingerprint pictureOfBytes(qint64 byteCount)
 {
     ArtworkFingerprint fingerprint;
     fingerprint.digest = u"d"_s;
@@ -26,7 +26,7 @@ ArtworkFingerprint picture(qint64 byteCount)
     return fingerprint;
 }
 
-EditableAudioFile rowWithPicture()
+EditableAudioFile pictured()
 {
     AudioFileTags tags;
     tags.hasAttachedPicture = true;
@@ -41,12 +41,12 @@ bool isDirtyAfter(Field field, const QString &stored, const QString &typed)
 
 bool isDirtyFor(const EditableAudioFile &row, const ArtworkIntent &intent)
 {
-    return isDirty(row, editing(row.url, {}, intent), picture(2 * budget), budget);
+    return isDirty(row, editing(row.url, {}, intent), pictureOfBytes(2 * budget), budget);
 }
 
 bool isDirtyWhenOptimized(const std::optional<ArtworkFingerprint> &fingerprint)
 {
-    const EditableAudioFile row = rowWithPicture();
+    const EditableAudioFile row = pictured();
     return isDirty(row, {.fieldEdits = {}, .artworkIntents = {}, .optimizing = {row.url}}, fingerprint,
                    budget);
 }
@@ -123,31 +123,31 @@ TEST(Dirtiness, LooksAtEveryField)
 
 TEST(Dirtiness, IsNeverThatOfAnUnreadableRow)
 {
-    EditableAudioFile row = rowWithPicture();
+    EditableAudioFile row = pictured();
     row.unreadableReason = u"Tags couldn't be read."_s;
     const TagChangeSet changes = editing(row.url, {{Field::title, u"New"_s}}, ArtworkIntent::remove());
-    EXPECT_FALSE(isDirty(row, changes, picture(2 * budget), budget));
+    EXPECT_FALSE(isDirty(row, changes, pictureOfBytes(2 * budget), budget));
 }
 
 TEST(Dirtiness, IsThatOfAnotherPicture)
 {
     const ArtworkIntent replacement = ArtworkIntent::replace(QUrl(u"file:///a.jpg"_s));
-    EXPECT_TRUE(isDirtyFor(rowWithPicture(), replacement));
+    EXPECT_TRUE(isDirtyFor(pictured(), replacement));
     EXPECT_TRUE(isDirtyFor(rowOf(u"a.flac"_s), replacement));
 }
 
 TEST(Dirtiness, IsThatOfARemovedPictureOnlyIfThereIsOne)
 {
-    EXPECT_TRUE(isDirtyFor(rowWithPicture(), ArtworkIntent::remove()));
+    EXPECT_TRUE(isDirtyFor(pictured(), ArtworkIntent::remove()));
     EXPECT_FALSE(isDirtyFor(rowOf(u"a.flac"_s), ArtworkIntent::remove()));
 }
 
 TEST(Dirtiness, IsThatOfAPictureToBeShrunkOnlyIfItIsKnownToBeOverTheBudget)
 {
-    EXPECT_TRUE(isDirtyWhenOptimized(picture(budget + 1)));
-    EXPECT_FALSE(isDirtyWhenOptimized(picture(budget)));
+    EXPECT_TRUE(isDirtyWhenOptimized(pictureOfBytes(budget + 1)));
+    EXPECT_FALSE(isDirtyWhenOptimized(pictureOfBytes(budget)));
     EXPECT_FALSE(isDirtyWhenOptimized(std::nullopt));
-    EXPECT_FALSE(isDirtyFor(rowWithPicture(), ArtworkIntent::untouched()));
+    EXPECT_FALSE(isDirtyFor(pictured(), ArtworkIntent::untouched()));
 }
 
 TEST(TableText, IsTheNormalFormOfAnEditOrElseWhatIsStored)
@@ -179,8 +179,8 @@ TEST(EffectiveTags, FollowTheIntentForThePicture)
     };
     const EditableAudioFile bare = rowOf(u"b.flac"_s);
     EXPECT_TRUE(hasPicture(bare, ArtworkIntent::replace(QUrl(u"file:///a.jpg"_s))));
-    EXPECT_FALSE(hasPicture(rowWithPicture(), ArtworkIntent::remove()));
-    EXPECT_TRUE(hasPicture(rowWithPicture(), ArtworkIntent::untouched()));
+    EXPECT_FALSE(hasPicture(pictured(), ArtworkIntent::remove()));
+    EXPECT_TRUE(hasPicture(pictured(), ArtworkIntent::untouched()));
     EXPECT_FALSE(hasPicture(bare, ArtworkIntent::untouched()));
 }
 

@@ -13,12 +13,12 @@ using Field = EditableTagField;
 
 namespace {
 
-const QUrl song = QUrl::fromLocalFile(u"/music/a.flac"_s);
-const QUrl image = QUrl::fromLocalFile(u"/pictures/a.jpg"_s);
+const QUrl original = QUrl::fromLocalFile(u"/music/a.flac"_s);
+const QUrl chosen = QUrl::fromLocalFile(u"/pictures/a.jpg"_s);
 
 EditableAudioFile fileWith(const AudioFileTags &tags)
 {
-    return {.url = song, .tags = tags, .unreadableReason = {}, .modificationDate = {}};
+    return {.url = original, .tags = tags, .unreadableReason = {}, .modificationDate = {}};
 }
 
 AudioFileTags storedTags()
@@ -34,7 +34,7 @@ AudioFileTags storedTags()
 QStringList metadataFor(const AudioFileTags &tags, const QMap<Field, QString> &edits)
 {
     TagChangeSet changes;
-    changes.fieldEdits.insert(song, edits);
+    changes.fieldEdits.insert(original, edits);
     return tagWrite(fileWith(tags), changes).metadata;
 }
 
@@ -55,7 +55,7 @@ ArtworkWrite artworkFor(const ArtworkIntent &intent, bool hasPicture)
     AudioFileTags tags;
     tags.hasAttachedPicture = hasPicture;
     TagChangeSet changes;
-    changes.artworkIntents.insert(song, intent);
+    changes.artworkIntents.insert(original, intent);
     return tagWrite(fileWith(tags), changes).artwork;
 }
 
@@ -88,7 +88,7 @@ TEST(TagWrite, CleansWhatWasTyped)
 
 TEST(TagWrite, LeavesOutAnEditThatCleansToTheCurrentValue)
 {
-    const TagChangeSet changes{.fieldEdits = {{song,
+    const TagChangeSet changes{.fieldEdits = {{original,
                                                {{Field::title, u" Song\n"_s},
                                                 {Field::trackPosition, u"03"_s},
                                                 {Field::year, u"1999-05-01"_s},
@@ -122,15 +122,15 @@ TEST(TagWrite, LooksAtItsOwnFilesEditsOnly)
 {
     const QUrl other = QUrl::fromLocalFile(u"/music/b.flac"_s);
     const TagChangeSet changes{.fieldEdits = {{other, {{Field::title, u"x"_s}}}},
-                               .artworkIntents = {{other, ArtworkIntent::replace(image)}},
-                               .optimizing = {song}};
+                               .artworkIntents = {{other, ArtworkIntent::replace(chosen)}},
+                               .optimizing = {original}};
     EXPECT_EQ(tagWrite(fileWith(storedTags()), changes), TagWrite());
 }
 
 TEST(TagWrite, FollowsTheIntentForTheArtwork)
 {
-    EXPECT_EQ(artworkFor(ArtworkIntent::replace(image), false), ArtworkWrite::replace(image));
-    EXPECT_EQ(artworkFor(ArtworkIntent::replace(image), true), ArtworkWrite::replace(image));
+    EXPECT_EQ(artworkFor(ArtworkIntent::replace(chosen), false), ArtworkWrite::replace(chosen));
+    EXPECT_EQ(artworkFor(ArtworkIntent::replace(chosen), true), ArtworkWrite::replace(chosen));
     EXPECT_EQ(artworkFor(ArtworkIntent::untouched(), true), ArtworkWrite::keep());
     EXPECT_EQ(artworkFor(ArtworkIntent::remove(), true), ArtworkWrite::remove());
 }

@@ -11,8 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto musicBrainz = MetadataSource::musicBrainz;
-constexpr auto discogs = MetadataSource::discogs;
+using enum MetadataSource;
 
 } // namespace
 

@@ -13,12 +13,12 @@ namespace {
 
 const QUrl asked(u"https://example.org/release/1?a=b"_s);
 
-std::optional<QUrl> target(const QByteArray &location)
+std::optional<QUrl> found(const QByteArray &location)
 {
     return redirectTarget(asked, 302, location);
 }
 
-std::optional<QString> refusal(const QString &from, const QString &to)
+std::optional<QString> complaint(const QString &from, const QString &to)
 {
     return redirectRefusal(QUrl(from), QUrl(to));
 }
@@ -38,35 +38,35 @@ TEST(Redirect, IsToldByTheStatus)
 
 TEST(Redirect, NeedsATarget)
 {
-    EXPECT_EQ(target(""), std::nullopt);
+    EXPECT_EQ(found(""), std::nullopt);
 }
 
 TEST(Redirect, ResolvesItsTarget)
 {
-    EXPECT_EQ(target("https://example.com/x%2Fy?q=%26"), QUrl(u"https://example.com/x%2Fy?q=%26"_s));
-    EXPECT_EQ(target("//example.com/x"), QUrl(u"https://example.com/x"_s));
-    EXPECT_EQ(target("2"), QUrl(u"https://example.org/release/2"_s));
-    EXPECT_EQ(target("?c"), QUrl(u"https://example.org/release/1?c"_s));
+    EXPECT_EQ(found("https://example.com/x%2Fy?q=%26"), QUrl(u"https://example.com/x%2Fy?q=%26"_s));
+    EXPECT_EQ(found("//example.com/x"), QUrl(u"https://example.com/x"_s));
+    EXPECT_EQ(found("2"), QUrl(u"https://example.org/release/2"_s));
+    EXPECT_EQ(found("?c"), QUrl(u"https://example.org/release/1?c"_s));
 }
 
 TEST(Redirect, MayLeadToTheWeb)
 {
-    EXPECT_EQ(refusal(u"https://a.org/"_s, u"https://b.org/"_s), std::nullopt);
-    EXPECT_EQ(refusal(u"http://a.org/"_s, u"https://b.org/"_s), std::nullopt);
-    EXPECT_EQ(refusal(u"http://a.org/"_s, u"http://b.org/"_s), std::nullopt);
+    EXPECT_EQ(complaint(u"https://a.org/"_s, u"https://b.org/"_s), std::nullopt);
+    EXPECT_EQ(complaint(u"http://a.org/"_s, u"https://b.org/"_s), std::nullopt);
+    EXPECT_EQ(complaint(u"http://a.org/"_s, u"http://b.org/"_s), std::nullopt);
 }
 
 TEST(Redirect, MayNotLeadFromHttpsToHttp)
 {
-    EXPECT_EQ(refusal(u"https://a.org/"_s, u"http://a.org/"_s), withoutEncryption);
+    EXPECT_EQ(complaint(u"https://a.org/"_s, u"http://a.org/"_s), withoutEncryption);
 }
 
 TEST(Redirect, MayNotLeadElsewhere)
 {
     for (const QString &place : {u"file:///etc/hostname"_s, u"data:,a"_s, u"qrc:/a"_s, u"ftp://a.org/"_s,
                                  u"https:///a"_s, u"mailto:a@a.org"_s, u"http://[bad"_s, u""_s}) {
-        EXPECT_EQ(refusal(u"http://a.org/"_s, place), notOnTheWeb) << place.toStdString();
-        EXPECT_EQ(refusal(u"https://a.org/"_s, place), notOnTheWeb) << place.toStdString();
+        EXPECT_EQ(complaint(u"http://a.org/"_s, place), notOnTheWeb) << place.toStdString();
+        EXPECT_EQ(complaint(u"https://a.org/"_s, place), notOnTheWeb) << place.toStdString();
     }
 }
 

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto discogs = MetadataSource::discogs;
+using enum MetadataSource;
 
 /// The detail of the failure to read the body; the empty text if it can be read.
 template <typename Read> QString detail(const QByteArray &body, Read read)

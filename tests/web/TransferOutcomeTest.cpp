@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto discogs = MetadataSource::discogs;
+using enum MetadataSource;
 
 std::optional<MetadataServiceError> failureOfStatus(int status)
 {

@@ -17,7 +17,7 @@ using test::LoopbackServer;
 
 namespace {
 
-constexpr auto discogs = MetadataSource::discogs;
+using enum MetadataSource;
 
 QString readTitle(const JsonNode &reply)
 {

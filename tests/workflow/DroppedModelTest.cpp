@@ -18,7 +18,7 @@ using test::ScriptedTools;
 
 namespace {
 
-constexpr auto standStill = R"(echo $$ > "$here/pid"; touch "$here/still"; exec sleep 600)";
+constexpr auto sleepOn = R"(echo $$ > "$here/pid"; touch "$here/still"; exec sleep 600)";
 
 class DroppedModel : public testing::Test
 {
@@ -38,7 +38,7 @@ protected:
 
 TEST_F(DroppedModel, EndsAnInspection)
 {
-    m_tools.setProbe(standStill);
+    m_tools.setProbe(sleepOn);
     m_model.loadFile(QUrl::fromLocalFile(m_tools.source()));
     ASSERT_TRUE(m_tools.waitFor(u"still"_s));
     EXPECT_TRUE(m_tools.isRunning());
@@ -48,7 +48,7 @@ TEST_F(DroppedModel, EndsAnInspection)
 
 TEST_F(DroppedModel, EndsAnInspectionThatHasntBegun)
 {
-    m_tools.setProbe(standStill);
+    m_tools.setProbe(sleepOn);
     m_model.loadFile(QUrl::fromLocalFile(m_tools.source()));
     m_fixture.dropModel();
     EXPECT_FALSE(test::namesIn(m_tools.path()).contains(u"still"_s));
@@ -65,7 +65,7 @@ TEST_F(DroppedModel, EndsSeveralInspections)
 
 TEST_F(DroppedModel, EndsAJobAndItsChild)
 {
-    m_tools.setEncoding(QByteArray("echo part > \"$output\"; ") + standStill);
+    m_tools.setEncoding(QByteArray("echo part > \"$output\"; ") + sleepOn);
     startJob();
     ASSERT_TRUE(m_tools.waitFor(u"still"_s));
     EXPECT_TRUE(m_tools.isRunning());

@@ -54,7 +54,7 @@ private:
     QPropertyNotifier m_notifier;
 };
 
-ChapterInfo chapterTitled(const QString &title)
+ChapterInfo chapterNamed(const QString &title)
 {
     return {.endSeconds = 1, .originalTitle = title, .mappedTitle = title};
 }
@@ -72,7 +72,7 @@ TEST(Observers, HearNothingOfAnEqualValue)
     for (auto *field : {&model.artist, &model.albumTitle, &model.albumYear, &model.genre, &model.discNumber,
                         &model.discTotal, &model.progressMessage})
         expectQuietWhenEqual(*field, u"text"_s);
-    expectQuietWhenEqual(model.chapters, {chapterTitled(u"One"_s)});
+    expectQuietWhenEqual(model.chapters, {chapterNamed(u"One"_s)});
     expectQuietWhenEqual(model.sourceAudio, std::optional(AudioStreamInfo{.codecName = u"flac"_s}));
     expectQuietWhenEqual(model.currentState, WorkflowState(Kind::encoding));
     expectQuietWhenEqual(model.currentState, WorkflowState::error(u"No good."_s));
@@ -92,7 +92,7 @@ TEST(Observers, HearNothingOfAnEqualValue)
 TEST(Observers, HearNothingOfATitleThatStaysTheSame)
 {
     ModelFixture fixture;
-    fixture->chapters = QList{chapterTitled(u"One"_s)};
+    fixture->chapters = QList{chapterNamed(u"One"_s)};
     EXPECT_EQ(noticesDuring(fixture->chapters, [&] { fixture->setMappedTitle(0, u"One"_s); }), 0);
     EXPECT_EQ(noticesDuring(fixture->chapters, [&] { fixture->resetToSourceTitles(); }), 0);
     EXPECT_EQ(noticesDuring(fixture->chapters, [&] { fixture->setMappedTitle(0, u"Eins"_s); }), 1);
@@ -116,7 +116,7 @@ TEST(Observers, FollowTheStatusLine)
     AppModel &model = fixture.model();
     const Watched<QString> status([&] { return model.statusText(); });
     model.progressMessage = u"Hidden while idle."_s;
-    model.chapters = QList{chapterTitled(u"One"_s)};
+    model.chapters = QList{chapterNamed(u"One"_s)};
     model.currentState = Kind::extractingChapters;
     model.progressMessage = u"Found 1 chapter."_s;
     model.currentState = Kind::awaitingUserMapping;
@@ -136,7 +136,7 @@ TEST(Observers, FollowWhetherEncodingIsPossible)
     model.inputFileURL = fixture.url(u"a.mkv"_s);
     model.outputFolderURL = fixture.url(u"out"_s);
     EXPECT_EQ(canEncode.values(), QList{false});
-    model.chapters = QList{chapterTitled(u"One"_s)};
+    model.chapters = QList{chapterNamed(u"One"_s)};
     model.setMappedTitle(0, u" "_s);
     model.setMappedTitle(0, u"Eins"_s);
     model.encodingTask = TaskHandle();
@@ -175,7 +175,7 @@ TEST(Observers, FollowTheOtherDerivedValues)
     model.albumYear = u"69"_s;
     model.albumYear = u"1969"_s;
     model.encodedFiles = QList{fixture.url(u"a.flac"_s)};
-    model.chapters = QList{chapterTitled(u" "_s), chapterTitled({})};
+    model.chapters = QList{chapterNamed(u" "_s), chapterNamed({})};
     EXPECT_EQ(name.values(), (QList<Text>{std::nullopt, u"a.mkv"_s}));
     EXPECT_EQ(warning.values().size(), 3);
     EXPECT_EQ(canReveal.values(), (QList{false, true}));
