@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The plain reader's copy of a track with its checksum, beside cp and sha256sum.
+#include "LongTrack.h"
 #include "Shell.h"
 #include "Turns.h"
 #include "disc/DiscRippingService.h"
 #include "helpers/Await.h"
-#include "helpers/DiscImage.h"
 
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QTemporaryDir>
 
-#include <cstdio>
 #include <memory>
 #include <stdexcept>
 #include <system_error>
@@ -26,7 +24,6 @@ namespace {
 
 constexpr int turns = 3;
 constexpr int minutes = 20;
-constexpr int sectorsOfTrack = minutes * 60 * 75;
 
 // Files of a drive whose first readings fail, by which a reader learns to take less at a time.
 class ReluctantFiles : public SystemRipFiles
@@ -80,19 +77,23 @@ void rip(DiscRippingService &service, const DiscTrack &track)
         throw std::runtime_error("a track couldn't be read");
 }
 
-void printRow(const QTemporaryDir &folder, const DiscTrack &track, int size, int failures)
+void measure(const LongTrack &sound, int size, int failures)
 {
+    const QTemporaryDir &folder = sound.folder;
+    const DiscTrack track = {
+        .number = 1, .frameCount = sound.sectors, .audioFileURL = QUrl::fromLocalFile(sound.image.binPath())};
     DiscRippingService service(folder.path(), std::make_shared<ReluctantFiles>(failures),
                                {.beforeRetry = std::chrono::milliseconds(1)});
-    await(service.prefix(track, 1, {}));
+    // Sixteen sectors, which a drive that doesn't fail gives in one reading: a reading of fewer at the end
+    // would make all later ones as small.
+    await(service.prefix(track, 14.5 / discFramesPerSecond, {}));
     const QString source = quoted(track.audioFileURL.toLocalFile());
     const QString copy = quoted(folder.filePath(u"copy"_s));
     const QString line =
         u"cp %1 %2 && sha256sum %2 >'%3' && rm %2"_s.arg(source, copy, folder.filePath(u"sum"_s));
     const Comparison times = inTurns(
         turns, [&] { runShell(line); }, [&] { rip(service, track); });
-    std::printf("%14d %18.0f %14.0f %8.2f\n", size, times.bare.count(), times.own.count(), times.ratio());
-    std::fflush(stdout);
+    printRow(size, times.bare.count(), times.own.count(), times.ratio());
 }
 
 } // namespace
@@ -101,19 +102,12 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     GTEST_FLAG_SET(throw_on_failure, true);
-    const QTemporaryDir folder;
-    const DiscImage image(folder.path(), {.tracks = {{.sectors = sectorsOfTrack}}});
-    DiscTrack track;
-    track.number = 1;
-    track.frameCount = sectorsOfTrack;
-    track.audioFileURL = QUrl::fromLocalFile(image.binPath());
+    const LongTrack sound(minutes);
     std::printf("A track of %d minutes, milliseconds, median of %d turns\n\n", minutes, turns);
     std::printf("%14s %18s %14s %8s\n", "bytes a read", "cp, sha256sum", "copy", "ratio");
-    constexpr int sixteenSectors = 37632;
-    constexpr int oneSector = 2352;
     // Each failure halves the size.
     constexpr int halvings = 4;
-    printRow(folder, track, sixteenSectors, 0);
-    printRow(folder, track, oneSector, halvings);
+    measure(sound, sixteenSectors, 0);
+    measure(sound, oneSector, halvings);
     return 0;
 }

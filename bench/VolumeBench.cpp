@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Sequential reading of an hour of sound through a mounted volume, beside the same reading of the image.
+#include "LongTrack.h"
 #include "Turns.h"
 #include "helpers/CddafsProgram.h"
-#include "helpers/DiscImage.h"
 
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <stdexcept>
 #include <vector>
 
@@ -24,15 +22,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int turns = 3;
-constexpr int sectorBytes = 2352;
-constexpr int sectorsOfAnHour = 60 * 60 * 75;
-constexpr qint64 soundBytes = qint64{sectorsOfAnHour} * sectorBytes;
+constexpr int minutes = 60;
+constexpr qint64 soundBytes = qint64{minutes} * 60 * 75 * oneSector;
 
 // Reads a whole file, so many bytes at a time.
-void readThrough(const QString &path, std::size_t size)
+void readThrough(const QString &path, int size)
 {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    std::vector<char> buffer(size);
+    std::vector<char> buffer(static_cast<std::size_t>(size));
     qint64 total = 0;
     ssize_t count = 0;
     while (file >= 0 && (count = ::read(file, buffer.data(), buffer.size())) > 0)
@@ -48,13 +45,11 @@ double megabytesPerSecond(Milliseconds time)
     return double(soundBytes) / bytesPerMegabyte / std::chrono::duration<double>(time).count();
 }
 
-void printRow(const QString &track, const QString &image, std::size_t size)
+void measure(const QString &track, const QString &image, int size)
 {
     const Comparison times = inTurns(
         turns, [&] { readThrough(image, size); }, [&] { readThrough(track, size); });
-    std::printf("%14zu %14.0f %14.0f %8.2f\n", size, megabytesPerSecond(times.bare),
-                megabytesPerSecond(times.own), times.ratio());
-    std::fflush(stdout);
+    printRow(size, megabytesPerSecond(times.bare), megabytesPerSecond(times.own), times.ratio());
 }
 
 } // namespace
@@ -63,14 +58,12 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     GTEST_FLAG_SET(throw_on_failure, true);
-    const QTemporaryDir folder;
-    const DiscImage image(folder.path(), {.tracks = {{.sectors = sectorsOfAnHour}}});
-    CddafsProgram program({u"--in"_s, folder.path(), image.path()});
+    const LongTrack sound(minutes);
+    CddafsProgram program({u"--in"_s, sound.folder.path(), sound.image.path()});
     const QString track = program.waitForMount() + u"/1 Audio Track.aiff"_s;
-    std::printf("%d minutes of sound, median of %d turns\n\n", 60, turns);
-    std::printf("%14s %14s %14s %8s\n", "bytes a read", "image MB/s", "volume MB/s", "ratio");
-    constexpr std::size_t sixteenSectors = 16 * std::size_t{sectorBytes};
-    printRow(track, image.binPath(), sixteenSectors);
-    printRow(track, image.binPath(), sectorBytes);
+    std::printf("%d minutes of sound, median of %d turns\n\n", minutes, turns);
+    std::printf("%14s %18s %14s %8s\n", "bytes a read", "image MB/s", "volume MB/s", "ratio");
+    measure(track, sound.image.binPath(), sixteenSectors);
+    measure(track, sound.image.binPath(), oneSector);
     return 0;
 }

@@ -6,6 +6,7 @@
 #include "support/Cancellation.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tonearm {
 
@@ -38,10 +39,11 @@ ChunkReading::ChunkReading(TrackSource &source, qint64 trackNumber, qint64 &work
 {
 }
 
-QCoro::Task<QByteArray> ChunkReading::read(qint64 size, qint64 offset, std::stop_token stop)
+QCoro::Task<QByteArray> ChunkReading::read(ReadingOrder order, qint64 offset, std::stop_token stop)
 {
     throwIfCancelled(stop);
-    Attempt last = co_await attempt(size, stop);
+    qint64 size = order.size;
+    Attempt last = co_await attempt(order, stop);
     for (int attempts = 1; last.bytes.isEmpty(); ++attempts) {
         if (attempts == maximumAttempts) {
             throw DiscError::trackReadFailed(
@@ -58,14 +60,14 @@ QCoro::Task<QByteArray> ChunkReading::read(qint64 size, qint64 offset, std::stop
     co_return last.bytes;
 }
 
-QCoro::Task<ChunkReading::Attempt> ChunkReading::attempt(qint64 size, std::stop_token stop)
+QCoro::Task<ChunkReading::Attempt> ChunkReading::attempt(ReadingOrder order, std::stop_token stop)
 {
-    try {
-        const QByteArray bytes = co_await m_source.read(size, stop);
-        co_return Attempt{.bytes = bytes, .failure = u"The drive returned no data."_s};
-    } catch (const std::exception &) {
-        co_return Attempt{.failure = wordsOf(std::current_exception())};
-    }
+    if (m_ahead.empty())
+        m_ahead = co_await m_source.read(order, stop);
+    const Reading reading = std::move(m_ahead.front());
+    m_ahead.pop_front();
+    const QString failure = reading.failure ? wordsOf(reading.failure) : u"The drive returned no data."_s;
+    co_return Attempt{.bytes = reading.bytes, .failure = failure};
 }
 
 QCoro::Task<ChunkReading::Attempt> ChunkReading::attemptAnew(qint64 size, qint64 offset, std::stop_token stop)
@@ -85,7 +87,7 @@ QCoro::Task<ChunkReading::Attempt> ChunkReading::attemptFrom(qint64 offset, qint
     } catch (const std::exception &) {
         co_return Attempt{.failure = wordsOf(std::current_exception())};
     }
-    co_return co_await attempt(size, stop);
+    co_return co_await attempt({.size = size}, stop);
 }
 
 QCoro::Task<> ChunkReading::pause(std::stop_token stop)

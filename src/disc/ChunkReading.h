@@ -10,6 +10,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <deque>
 #include <stop_token>
 
 namespace tonearm {
@@ -27,9 +28,9 @@ public:
     ChunkReading(TrackSource &source, qint64 trackNumber, qint64 &workingSize, Turn &turn,
                  const RipWaits &waits);
 
-    /// Up to `size` bytes, at least one. The source stands at `offset`. Throws DiscError (trackReadFailed)
-    /// and CancellationError.
-    QCoro::Task<QByteArray> read(qint64 size, qint64 offset, std::stop_token stop);
+    /// What the first reading of the order gives, at least one byte. The rest of the order may be read ahead:
+    /// the next call has to go on with it. Throws DiscError (trackReadFailed) and CancellationError.
+    QCoro::Task<QByteArray> read(ReadingOrder order, qint64 offset, std::stop_token stop);
 
 private:
     struct Attempt
@@ -39,7 +40,7 @@ private:
         QString failure = {};
     };
 
-    QCoro::Task<Attempt> attempt(qint64 size, std::stop_token stop);
+    QCoro::Task<Attempt> attempt(ReadingOrder order, std::stop_token stop);
     QCoro::Task<Attempt> attemptAnew(qint64 size, qint64 offset, std::stop_token stop);
     QCoro::Task<Attempt> attemptFrom(qint64 offset, qint64 size, std::stop_token stop);
     QCoro::Task<> pause(std::stop_token stop);
@@ -49,6 +50,8 @@ private:
     qint64 &m_workingSize;
     Turn &m_turn;
     const RipWaits &m_waits;
+    // What the source has read further than the copy is.
+    std::deque<Reading> m_ahead;
 };
 
 } // namespace tonearm

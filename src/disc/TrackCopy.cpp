@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <limits>
 #include <utility>
 
 namespace tonearm {
@@ -45,7 +46,7 @@ private:
 
     bool hasAll() const { return target() && m_count >= *target(); }
 
-    qint64 nextSize() const;
+    ReadingOrder nextReadings() const;
     void keep(const QByteArray &bytes);
     void reportCount() const;
     void report(double fraction) const;
@@ -113,7 +114,7 @@ QCoro::Task<> TrackCopy::transfer(std::stop_token stop)
 {
     while (!hasAll()) {
         throwIfCancelled(stop);
-        const QByteArray bytes = co_await m_reading.read(nextSize(), m_count, stop);
+        const QByteArray bytes = co_await m_reading.read(nextReadings(), m_count, stop);
         keep(bytes);
         reportCount();
     }
@@ -132,9 +133,15 @@ QCoro::Task<> TrackCopy::closeBoth(std::stop_token stop)
     }
 }
 
-qint64 TrackCopy::nextSize() const
+// As many as are of that size however little each of them gives.
+ReadingOrder TrackCopy::nextReadings() const
 {
-    return !target() || *target() - m_count >= m_chunkSize ? m_chunkSize : discFrameBytes;
+    if (!target())
+        return {.size = m_chunkSize, .count = std::numeric_limits<qint64>::max()};
+    const qint64 rest = *target() - m_count;
+    if (rest >= m_chunkSize)
+        return {.size = m_chunkSize, .count = rest / m_chunkSize};
+    return {.size = discFrameBytes, .count = (rest - 1) / discFrameBytes + 1};
 }
 
 void TrackCopy::keep(const QByteArray &bytes)

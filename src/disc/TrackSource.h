@@ -10,11 +10,27 @@
 #include <QString>
 
 #include <chrono>
+#include <deque>
+#include <exception>
 #include <memory>
 #include <optional>
 #include <stop_token>
 
 namespace tonearm {
+
+/// So many readings of one size, the next beginning where the last ended.
+struct ReadingOrder
+{
+    qint64 size = 0;
+    qint64 count = 1;
+};
+
+/// What a reading gave: bytes, at the end of a file none, or a failure.
+struct Reading
+{
+    QByteArray bytes = {};
+    std::exception_ptr failure = {};
+};
 
 /// A track's file on a disc, asked on a thread of its own: a drive that doesn't answer any more is left
 /// behind when a stop is requested, with CancellationError. What else fails is std::system_error.
@@ -31,9 +47,13 @@ public:
     QCoro::Task<> open(std::stop_token stop);
     QCoro::Task<> close(std::stop_token stop);
 
-    /// Both need the file open.
+    /// Needs the file open, as read() does.
     QCoro::Task<> seek(qint64 offset, std::stop_token stop);
-    QCoro::Task<QByteArray> read(qint64 size, std::stop_token stop);
+
+    /// The first readings of the order, at least one: the way to the thread and back takes longer than a
+    /// reading that needn't wait for the drive. They end with one that gives no bytes, at a stop request,
+    /// and after a moment, so that what a slow drive reads comes piece by piece.
+    QCoro::Task<std::deque<Reading>> read(ReadingOrder order, std::stop_token stop);
 
 private:
     // Touched on the thread only.

@@ -89,6 +89,31 @@ TEST_F(RipCancellationTest, LeavesAStalledReadingBehind)
     EXPECT_EQ(rips(), QStringList());
 }
 
+TEST_F(RipCancellationTest, LeavesAStalledLaterReadingBehind)
+{
+    m_files->onRead = [gate = m_gate](const auto &reading) {
+        if (reading.index == 1)
+            gate->pass();
+        return reading.bytes;
+    };
+    EXPECT_TRUE(isCancelledWhileStalled());
+    EXPECT_EQ(rips(), QStringList());
+}
+
+TEST_F(RipCancellationTest, KeepsNothingThatWasReadAhead)
+{
+    int count = 0;
+    const auto onProgress = [&](double) {
+        ++count;
+        m_stop.request_stop();
+    };
+    DiscRippingService service(m_temporary.path(), m_files);
+    EXPECT_TRUE(
+        awaitError<CancellationError>(service.rip(trackOf(10 * 37632), {}, onProgress, m_stop.get_token())));
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(rips(), QStringList());
+}
+
 TEST_F(RipCancellationTest, LeavesNothingOfAVerificationOrAPrefix)
 {
     const auto stopDuringTheSecondReading = [this](const auto &reading) {
