@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QUrl cover = QUrl::fromLocalFile(u"/pictures/My \"50%\" cover #1.jpg"_s);
-const QUrl other = QUrl::fromLocalFile(u"/pictures/other.png"_s);
+const QUrl otherFile = QUrl::fromLocalFile(u"/pictures/otherFile.png"_s);
 
 } // namespace
 
@@ -62,9 +62,9 @@ TEST(CoverArtError, TellsThatNoReleaseIsSelected)
 TEST(CoverArtError, IsEqualByKindAndPayload)
 {
     EXPECT_EQ(CoverArtError::unreadableImage(cover), CoverArtError::unreadableImage(cover));
-    EXPECT_FALSE(CoverArtError::unreadableImage(cover) == CoverArtError::unreadableImage(other));
+    EXPECT_FALSE(CoverArtError::unreadableImage(cover) == CoverArtError::unreadableImage(otherFile));
     EXPECT_FALSE(CoverArtError::unreadableImage(cover) == CoverArtError::couldNotShrink(cover));
-    EXPECT_FALSE(CoverArtError::couldNotShrink(cover) == CoverArtError::couldNotShrink(other));
+    EXPECT_FALSE(CoverArtError::couldNotShrink(cover) == CoverArtError::couldNotShrink(otherFile));
     EXPECT_EQ(CoverArtError::unsupportedImageType(u"a"_s), CoverArtError::unsupportedImageType(u"a"_s));
     EXPECT_FALSE(CoverArtError::unsupportedImageType(u"a"_s) == CoverArtError::unsupportedImageType(u"b"_s));
     EXPECT_FALSE(CoverArtError::noArtworkAvailable(MetadataSource::discogs) ==

@@ -16,21 +16,20 @@ namespace tonearm::test {
 
 namespace {
 
-using Colours = JpegRecipe::Colours;
 using Samples = std::vector<JSAMPLE>;
 
 // The colours of the quarters as the library takes them: CMYK inverted, as the files in the world are.
-Samples samplesOf(Colours colours, bool isRight, bool isLower)
+Samples samplesOf(JpegRecipe::Colours colours, bool isRight, bool isLower)
 {
     const JSAMPLE red = isLower == isRight ? 255 : 0;
     const JSAMPLE green = isRight ? 255 : 0;
     const JSAMPLE blue = isLower ? 255 : 0;
     switch (colours) {
-    case Colours::grey:
+    case JpegRecipe::Colours::grey:
         return {static_cast<JSAMPLE>((red + green + blue) / 3)};
-    case Colours::colour:
+    case JpegRecipe::Colours::colour:
         return {red, green, blue};
-    case Colours::cmyk:
+    case JpegRecipe::Colours::cmyk:
         return {red, green, blue, 255};
     }
     Q_UNREACHABLE();
@@ -46,14 +45,14 @@ Samples samplesOfRow(const JpegRecipe &recipe, bool isLower)
     return row;
 }
 
-J_COLOR_SPACE colourSpace(Colours colours)
+J_COLOR_SPACE colourSpace(JpegRecipe::Colours colours)
 {
     switch (colours) {
-    case Colours::grey:
+    case JpegRecipe::Colours::grey:
         return JCS_GRAYSCALE;
-    case Colours::colour:
+    case JpegRecipe::Colours::colour:
         return JCS_RGB;
-    case Colours::cmyk:
+    case JpegRecipe::Colours::cmyk:
         return JCS_CMYK;
     }
     Q_UNREACHABLE();

@@ -17,7 +17,7 @@ using test::PngRecipe;
 
 namespace {
 
-constexpr qint64 budget = 600 * 1024;
+constexpr qint64 usualBudget = 600 * 1024;
 
 // What became of a picture, prepared in a process of its own.
 struct Outcome
@@ -41,7 +41,7 @@ protected:
 
     void store(const QByteArray &bytes) const { m_folder.add(u"picture"_s, bytes); }
 
-    Outcome prepare(qint64 byteBudget = budget) const
+    Outcome prepare(qint64 byteBudget = usualBudget) const
     {
         const QTemporaryDir copies;
         const QString probe = QCoreApplication::applicationDirPath() + u"/artwork_memory_probe"_s;

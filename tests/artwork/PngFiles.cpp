@@ -17,20 +17,18 @@ namespace tonearm::test {
 
 namespace {
 
-using Colours = PngRecipe::Colours;
-
-int formatOf(Colours colours)
+int formatOf(PngRecipe::Colours colours)
 {
     switch (colours) {
-    case Colours::grey:
+    case PngRecipe::Colours::grey:
         return PNG_COLOR_TYPE_GRAY;
-    case Colours::colour:
+    case PngRecipe::Colours::colour:
         return PNG_COLOR_TYPE_RGB;
-    case Colours::palette:
+    case PngRecipe::Colours::palette:
         return PNG_COLOR_TYPE_PALETTE;
-    case Colours::greyAlpha:
+    case PngRecipe::Colours::greyAlpha:
         return PNG_COLOR_TYPE_GRAY_ALPHA;
-    case Colours::colourAlpha:
+    case PngRecipe::Colours::colourAlpha:
         return PNG_COLOR_TYPE_RGB_ALPHA;
     }
     Q_UNREACHABLE();
@@ -40,8 +38,9 @@ int formatOf(Colours colours)
 // second colour it is; so is opacity.
 std::vector<png_byte> rowOf(const PngRecipe &recipe, std::size_t rowBytes, int bitsPerPixel)
 {
-    const bool hasAlpha = recipe.colours == Colours::greyAlpha || recipe.colours == Colours::colourAlpha;
-    const bool isPalette = recipe.colours == Colours::palette;
+    const bool hasAlpha =
+        recipe.colours == PngRecipe::Colours::greyAlpha || recipe.colours == PngRecipe::Colours::colourAlpha;
+    const bool isPalette = recipe.colours == PngRecipe::Colours::palette;
     std::vector<png_byte> row(rowBytes, 0);
     for (int bit = 0; bit < recipe.size.width() * bitsPerPixel; ++bit) {
         const bool isWhite = bit / bitsPerPixel >= recipe.size.width() / 2;
@@ -64,7 +63,7 @@ void writeRows(png_structp png, png_infop info, const PngRecipe &recipe)
             png_write_row(png, row.data());
 }
 
-QByteArray bigEndian(quint32 number)
+QByteArray chunkNumber(quint32 number)
 {
     QByteArray bytes(sizeof number, Qt::Uninitialized);
     qToBigEndian(number, bytes.data());
@@ -105,7 +104,7 @@ void makePng(const QString &path, const PngRecipe &recipe)
                  static_cast<png_uint_32>(recipe.size.height()), recipe.bitDepth, formatOf(recipe.colours),
                  recipe.isInterlaced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
                  PNG_FILTER_TYPE_DEFAULT);
-    if (recipe.colours == Colours::palette)
+    if (recipe.colours == PngRecipe::Colours::palette)
         png_set_PLTE(png, info, blackAndWhite.data(), blackAndWhite.size());
     // Every row is like the one above; looking for the best way to say so takes most of the time.
     png_set_filter(png, 0, PNG_FILTER_UP);
@@ -120,13 +119,13 @@ void makePng(const QString &path, const PngRecipe &recipe)
 QByteArray pngChunk(QByteArrayView name, const QByteArray &contents)
 {
     const QByteArray checked = name.toByteArray() + contents;
-    return bigEndian(static_cast<quint32>(contents.size())) + checked + bigEndian(checksum(checked));
+    return chunkNumber(static_cast<quint32>(contents.size())) + checked + chunkNumber(checksum(checked));
 }
 
 QByteArray pngClaiming(QSize size)
 {
-    const QByteArray header = bigEndian(static_cast<quint32>(size.width())) +
-                              bigEndian(static_cast<quint32>(size.height())) +
+    const QByteArray header = chunkNumber(static_cast<quint32>(size.width())) +
+                              chunkNumber(static_cast<quint32>(size.height())) +
                               QByteArray("\x08\x02\0\0\0", 5);
     return QByteArray("\x89PNG\r\n\x1A\n") + pngChunk("IHDR", header) +
            pngChunk("IDAT", zlibStream(QByteArray(1000, '\0')));

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QUrl song = QUrl::fromLocalFile(u"/music/My \"Song\".flac"_s);
+const QUrl quotedSong = QUrl::fromLocalFile(u"/music/My \"Song\".flac"_s);
 
 } // namespace
 
@@ -25,14 +25,14 @@ TEST(AudioFileTagError, TellsOfOutputThatCouldntBeRead)
 
 TEST(AudioFileTagError, TellsOfAMissingFile)
 {
-    const AudioFileTagError error = AudioFileTagError::fileMissing(song);
+    const AudioFileTagError error = AudioFileTagError::fileMissing(quotedSong);
     EXPECT_EQ(error.description(), u"\"My \"Song\".flac\" is no longer there."_s);
     EXPECT_EQ(error.recoverySuggestion(), u"Choose the folder again to reload what's actually on disk."_s);
 }
 
 TEST(AudioFileTagError, TellsOfAChangedFile)
 {
-    const AudioFileTagError error = AudioFileTagError::fileChangedOnDisk(song);
+    const AudioFileTagError error = AudioFileTagError::fileChangedOnDisk(quotedSong);
     EXPECT_EQ(error.description(),
               u"\"My \"Song\".flac\" was changed by something else since it was loaded."_s);
     EXPECT_EQ(error.recoverySuggestion(), u"Choose the folder again to reload what's actually on disk."_s);
@@ -40,7 +40,7 @@ TEST(AudioFileTagError, TellsOfAChangedFile)
 
 TEST(AudioFileTagError, TellsOfAFileThatCantBeWritten)
 {
-    const AudioFileTagError error = AudioFileTagError::notWritable(song);
+    const AudioFileTagError error = AudioFileTagError::notWritable(quotedSong);
     EXPECT_EQ(error.description(), u"\"My \"Song\".flac\" can't be written to."_s);
     EXPECT_EQ(error.recoverySuggestion(),
               u"Check the file isn't locked and that you have permission to write to the folder it's in."_s);
@@ -48,14 +48,14 @@ TEST(AudioFileTagError, TellsOfAFileThatCantBeWritten)
 
 TEST(AudioFileTagError, TellsOfAMissingPicture)
 {
-    const AudioFileTagError error = AudioFileTagError::noAttachedPicture(song);
+    const AudioFileTagError error = AudioFileTagError::noAttachedPicture(quotedSong);
     EXPECT_EQ(error.description(), u"\"My \"Song\".flac\" has no embedded artwork."_s);
     EXPECT_EQ(error.recoverySuggestion(), u"Choose an image to embed first."_s);
 }
 
 TEST(AudioFileTagError, TellsOfOneLostTag)
 {
-    const AudioFileTagError error = AudioFileTagError::wouldLoseTags(song, {u"barcode"_s});
+    const AudioFileTagError error = AudioFileTagError::wouldLoseTags(quotedSong, {u"barcode"_s});
     EXPECT_EQ(error.description(),
               u"\"My \"Song\".flac\" would have discarded this tag, so it was left unchanged:\n\nbarcode"_s);
     EXPECT_EQ(
@@ -68,15 +68,16 @@ TEST(AudioFileTagError, TellsOfOneLostTag)
 TEST(AudioFileTagError, TellsOfSeveralLostTagsInOrder)
 {
     EXPECT_EQ(
-        AudioFileTagError::wouldLoseTags(song, {u"b"_s, u"c"_s, u"a"_s}).description(),
+        AudioFileTagError::wouldLoseTags(quotedSong, {u"b"_s, u"c"_s, u"a"_s}).description(),
         u"\"My \"Song\".flac\" would have discarded these tags, so it was left unchanged:\n\na\nb\nc"_s);
 }
 
 TEST(AudioFileTagError, IsEqualByKindAndPayload)
 {
-    EXPECT_EQ(AudioFileTagError::fileMissing(song), AudioFileTagError::fileMissing(song));
-    EXPECT_NE(AudioFileTagError::fileMissing(song), AudioFileTagError::notWritable(song));
-    EXPECT_NE(AudioFileTagError::wouldLoseTags(song, {u"a"_s}), AudioFileTagError::wouldLoseTags(song, {}));
+    EXPECT_EQ(AudioFileTagError::fileMissing(quotedSong), AudioFileTagError::fileMissing(quotedSong));
+    EXPECT_NE(AudioFileTagError::fileMissing(quotedSong), AudioFileTagError::notWritable(quotedSong));
+    EXPECT_NE(AudioFileTagError::wouldLoseTags(quotedSong, {u"a"_s}),
+              AudioFileTagError::wouldLoseTags(quotedSong, {}));
     EXPECT_NE(AudioFileTagError::malformedOutput(u"a"_s), AudioFileTagError::malformedOutput(u"b"_s));
 }
 
