@@ -21,7 +21,7 @@ namespace {
 constexpr qint64 firstNumber = 1;
 constexpr qint64 lastNumber = 99;
 
-struct Entry
+struct Track
 {
     std::optional<qint64> point;
     std::optional<qint64> startBlock;
@@ -33,12 +33,18 @@ struct Session
     std::optional<qint64> firstTrack;
     std::optional<qint64> lastTrack;
     std::optional<qint64> leadoutBlock;
-    QList<Entry> entries;
+    QList<Track> tracks;
 
     qint64 place() const { return number.value_or(std::numeric_limits<qint64>::max()); }
 };
 
-Entry readEntry(const PropertyListNode &node)
+// What the table's file holds.
+struct TOCPayload
+{
+    QList<Session> sessions;
+};
+
+Track readTrack(const PropertyListNode &node)
 {
     return {.point = node.findInteger("Point"), .startBlock = node.findInteger("Start Block")};
 }
@@ -49,25 +55,25 @@ Session readSession(const PropertyListNode &node)
                        .firstTrack = node.findInteger("First Track"),
                        .lastTrack = node.findInteger("Last Track"),
                        .leadoutBlock = node.findInteger("Leadout Block"),
-                       .entries = {}};
-    for (const PropertyListNode &entry : node.findElements("Track Array"))
-        session.entries.append(readEntry(entry));
+                       .tracks = {}};
+    for (const PropertyListNode &track : node.findElements("Track Array"))
+        session.tracks.append(readTrack(track));
     return session;
 }
 
-QList<Session> readSessions(const QByteArray &bytes)
+TOCPayload readPayload(const QByteArray &bytes)
 {
     const PropertyList list(bytes);
-    QList<Session> sessions;
+    TOCPayload payload;
     for (const PropertyListNode &node : list.root().findElements("Sessions"))
-        sessions.append(readSession(node));
-    return sessions;
+        payload.sessions.append(readSession(node));
+    return payload;
 }
 
-QList<Session> decodedSessions(const QByteArray &bytes)
+TOCPayload decodedPayload(const QByteArray &bytes)
 {
     try {
-        return readSessions(bytes);
+        return readPayload(bytes);
     } catch (const PropertyListError &error) {
         throw DiscError::malformedTOC(error.description());
     }
@@ -76,9 +82,9 @@ QList<Session> decodedSessions(const QByteArray &bytes)
 std::map<qint64, qint64> startsOf(const Session &session)
 {
     std::map<qint64, qint64> starts;
-    for (const Entry &entry : session.entries) {
-        if (entry.point && entry.startBlock && *entry.point >= firstNumber && *entry.point <= lastNumber)
-            starts[*entry.point] = *entry.startBlock;
+    for (const Track &track : session.tracks) {
+        if (track.point && track.startBlock && *track.point >= firstNumber && *track.point <= lastNumber)
+            starts[*track.point] = *track.startBlock;
     }
     return starts;
 }
@@ -93,7 +99,7 @@ QByteArray hexadecimal(qint64 value, int digits)
 
 DiscTOC DiscTOC::parse(const QByteArray &bytes)
 {
-    QList<Session> sessions = decodedSessions(bytes);
+    QList<Session> sessions = decodedPayload(bytes).sessions;
     std::stable_sort(sessions.begin(), sessions.end(),
                      [](const Session &left, const Session &right) { return left.place() < right.place(); });
     if (sessions.isEmpty())

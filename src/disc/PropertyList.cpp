@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "disc/PropertyList.h"
 
+#include <QXmlStreamReader>
+
 #include <plist/plist.h>
 
 #include <cmath>
@@ -39,7 +41,8 @@ std::optional<qint64> integerOf(plist_t node)
     if (plist_get_node_type(node) == PLIST_UINT) {
         std::uint64_t value = 0;
         plist_get_uint_val(node, &value);
-        // libplist keeps negative numbers as their two's complement.
+        // libplist keeps negative numbers as their two's complement; what a binary list holds beyond 63 bits
+        // becomes one.
         return static_cast<qint64>(value);
     }
     if (plist_get_node_type(node) == PLIST_REAL) {
@@ -48,6 +51,31 @@ std::optional<qint64> integerOf(plist_t node)
         return wholeNumber(value);
     }
     return std::nullopt;
+}
+
+bool isWhole(QStringView element, const QString &text)
+{
+    bool isNumber = false;
+    if (element == u"integer")
+        text.toLongLong(&isNumber);
+    else
+        text.toDouble(&isNumber);
+    return isNumber;
+}
+
+// libplist takes what it can of a number in XML, and 0 for a word. What isn't XML is left to it.
+bool hasBrokenNumber(const QByteArray &bytes)
+{
+    QXmlStreamReader reader(bytes);
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const QString element = reader.name().toString();
+        if ((element == u"integer" || element == u"real") &&
+            !isWhole(element, reader.readElementText().trimmed()))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -105,6 +133,8 @@ PropertyList::PropertyList(const QByteArray &bytes)
     m_root.reset(root);
     if (!m_root)
         throw PropertyListError(u"It isn't a property list."_s);
+    if (hasBrokenNumber(bytes))
+        throw PropertyListError(u"The property list holds a number that can't be read."_s);
 }
 
 PropertyListNode PropertyList::root() const

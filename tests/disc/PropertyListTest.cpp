@@ -78,6 +78,18 @@ TEST(PropertyList, RefusesWhatIsNoListWithADictionaryAtItsRoot)
               u"The property list doesn't hold a dictionary at its root."_s);
 }
 
+TEST(PropertyList, RefusesNumbersThatAreNone)
+{
+    for (const char *number :
+         {"<integer>abc</integer>", "<integer></integer>", "<integer/>", "<integer>12a</integer>",
+          "<integer>1.5</integer>", "<integer>0x10</integer>", "<integer>9223372036854775808</integer>",
+          "<integer>-9223372036854775809</integer>", "<real>abc</real>", "<real>1,5</real>"})
+        EXPECT_EQ(refusalIn(QByteArray("<key>key</key>") + number),
+                  u"The property list holds a number that can't be read."_s)
+            << number;
+    EXPECT_EQ(integerIn("<key>key</key><integer> 12\n</integer>"), 12);
+}
+
 TEST(PropertyList, RefusesMoreThanAnyDiscNeeds)
 {
     EXPECT_EQ(refusalOf(test::xmlList(QByteArray(17 * 1024 * 1024, ' '))), u"It isn't a property list."_s);
