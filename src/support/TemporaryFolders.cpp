@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/TemporaryFolders.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <sys/stat.h>
@@ -74,6 +75,8 @@ TemporaryFolders::TemporaryFolders(QString base)
 QString TemporaryFolders::root()
 {
     const QString wanted = m_base + u"/Tonearm"_s;
+    // If that fails, the folder in it can't be made either, and tells why.
+    QDir().mkpath(m_base);
     if (m_root.isEmpty() || !claim(m_root))
         m_root = claim(wanted) ? wanted : makeUnique(wanted);
     return m_root;

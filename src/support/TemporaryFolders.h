@@ -18,7 +18,7 @@ public:
     /// `base` is the directory in which the folder "Tonearm" lies.
     explicit TemporaryFolders(QString base);
 
-    /// The folder for a purpose, made if it isn't there. Throws std::system_error.
+    /// The folder for a purpose, made with all that leads to it if it isn't there. Throws std::system_error.
     QString folder(Purpose purpose);
 
 private:

@@ -137,10 +137,11 @@ TEST_F(DiscRippingServiceTest, LeavesNothingOfAFailedRip)
 
 TEST_F(DiscRippingServiceTest, PassesOnWhyThereIsNoFolder)
 {
-    DiscRippingService service(m_temporary.filePath(u"none"_s));
+    test::writeFile(m_temporary.filePath(u"file"_s), {});
+    DiscRippingService service(m_temporary.filePath(u"file"_s));
     const auto error = test::awaitError<std::system_error>(service.verify(trackOf(5000), {}, u"x"_s, {}, {}));
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->code(), std::errc::no_such_file_or_directory);
+    EXPECT_EQ(error->code(), std::errc::not_a_directory);
     EXPECT_TRUE(test::awaitError<std::system_error>(service.rip(trackOf(5000), {}, {}, {})));
     EXPECT_TRUE(test::awaitError<std::system_error>(service.prefix(trackOf(5000), 1, {})));
 }

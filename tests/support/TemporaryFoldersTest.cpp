@@ -163,13 +163,21 @@ TEST_F(TemporaryFoldersTest, AreRefusedIfALinkStandsInOneOfThem)
     EXPECT_EQ(folders.folder(artwork), inBase(u"Tonearm/Artwork"_s));
 }
 
-TEST_F(TemporaryFoldersTest, TellThatTheirBaseIsMissing)
+TEST_F(TemporaryFoldersTest, AreMadeWithAllThatLeadsToThem)
 {
-    TemporaryFolders folders(inBase(u"missing"_s));
+    TemporaryFolders folders(inBase(u"not/yet"_s));
+    EXPECT_EQ(folders.folder(rips), inBase(u"not/yet/Tonearm/Rips"_s));
+    EXPECT_TRUE(QFileInfo(inBase(u"not/yet/Tonearm/Rips"_s)).isDir());
+}
+
+TEST_F(TemporaryFoldersTest, TellThatTheirBaseIsAFile)
+{
+    test::writeFile(inBase(u"file"_s), {});
+    TemporaryFolders folders(inBase(u"file"_s));
     const auto error = test::errorOf<std::system_error>([&] { return folders.folder(rips); });
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->code(), std::errc::no_such_file_or_directory);
-    EXPECT_THAT(error->what(), testing::HasSubstr(inBase(u"missing/Tonearm"_s).toStdString()));
+    EXPECT_EQ(error->code(), std::errc::not_a_directory);
+    EXPECT_THAT(error->what(), testing::HasSubstr(inBase(u"file/Tonearm"_s).toStdString()));
 }
 
 } // namespace tonearm

@@ -284,12 +284,13 @@ TEST_F(CoverArt, IsLeftAloneIfItsSmallerCopyHasNoPlace)
     const QTemporaryDir elsewhere;
     const QString large = elsewhere.filePath(u"large.jpg"_s);
     ASSERT_TRUE(noise(900).save(large, "JPEG"));
-    ASSERT_TRUE(QDir(m_fixture.path(u"."_s)).removeRecursively());
+    ASSERT_TRUE(QDir(m_fixture.path(u"Tonearm"_s)).removeRecursively());
+    ASSERT_TRUE(QDir().mkpath(m_fixture.path(u"Tonearm"_s)));
+    test::writeFile(m_fixture.path(u"Tonearm/Artwork"_s), {});
     use(QUrl::fromLocalFile(large));
     ASSERT_TRUE(m_model.alert.value());
     EXPECT_EQ(m_model.alert.value()->title, u"Couldn't Use Image"_s);
-    EXPECT_THAT(m_model.alert.value()->message.toStdString(),
-                testing::HasSubstr("No such file or directory"));
+    EXPECT_THAT(m_model.alert.value()->message.toStdString(), testing::HasSubstr("File exists"));
     EXPECT_FALSE(m_model.coverArt.value());
     EXPECT_TRUE(QFile::exists(large));
 }
