@@ -22,8 +22,8 @@ void AudioPreviewPlayer::play(const QUrl &url, FinishCallback onFinish)
     };
     playback->sound = m_sounds.open(url, onEnd);
     playback->onFinish = std::move(onFinish);
-    m_playback = playback;
     playback->sound->start();
+    m_playback = playback;
 }
 
 void AudioPreviewPlayer::stop()

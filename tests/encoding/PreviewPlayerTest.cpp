@@ -33,6 +33,8 @@ public:
     }
 
     const QUrl unplayable{u"file:///text.wav"_s};
+    // Can be opened, but not played.
+    const QUrl unstartable{u"file:///stuck.wav"_s};
     QList<QUrl> opened;
     // What plays now.
     QList<QUrl> playing;
@@ -54,7 +56,12 @@ private:
         SilentSound(const SilentSound &) = delete;
         SilentSound &operator=(const SilentSound &) = delete;
 
-        void start() override { m_sounds.playing.append(m_url); }
+        void start() override
+        {
+            if (m_url == m_sounds.unstartable)
+                throw std::runtime_error("no thread");
+            m_sounds.playing.append(m_url);
+        }
 
     private:
         SilentSounds &m_sounds;
@@ -92,6 +99,16 @@ TEST_F(PreviewPlayer, PlaysAFile)
     EXPECT_EQ(sounds.playing, QList{one});
     settle();
     EXPECT_EQ(finished, 0);
+}
+
+TEST_F(PreviewPlayer, KeepsNothingOfASoundThatDoesntStart)
+{
+    EXPECT_THROW(player.play(sounds.unstartable, counting(finished)), std::runtime_error);
+    sounds.ends.front()();
+    settle();
+    EXPECT_EQ(finished, 0);
+    player.play(one, counting(finishedLater));
+    EXPECT_EQ(sounds.playing, QList{one});
 }
 
 TEST_F(PreviewPlayer, TellsOfTheEndOnce)
