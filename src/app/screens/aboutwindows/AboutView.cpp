@@ -3,6 +3,7 @@
 
 #include "app/screens/aboutwindows/BundledToolsPanel.h"
 #include "app/screens/aboutwindows/LinkButton.h"
+#include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/AppIcon.h"
 #include "app/screens/elements/GroupPanel.h"
 #include "app/screens/elements/TextStyle.h"
@@ -40,6 +41,7 @@ public:
         : QWidget(parent)
     {
         setFixedSize(iconSide, iconSide);
+        hideFromAssistiveTechnology(this);
     }
 
 protected:

@@ -10,27 +10,56 @@ namespace tonearm {
 namespace {
 
 constexpr auto roleProperty = "tonearmAccessibleRole";
+constexpr auto ornamentProperty = "tonearmOrnament";
+
+class Ornament final : public QAccessibleWidget
+{
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.invisible = true;
+        return state;
+    }
+};
 
 // Qt asks it once for each class that a widget derives from; the first answer counts.
 QAccessibleInterface *interfaceOf(const QString & /*className*/, QObject *object)
 {
     QWidget *widget = qobject_cast<QWidget *>(object);
-    const QVariant role = widget ? widget->property(roleProperty) : QVariant();
+    if (!widget)
+        return nullptr;
+    if (widget->property(ornamentProperty).toBool())
+        return new Ornament(widget, QAccessible::Graphic);
+    const QVariant role = widget->property(roleProperty);
     if (!role.isValid())
         return nullptr;
     return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
+}
+
+void describeAnew(QWidget *widget, const char *property, const QVariant &value)
+{
+    // Qt keeps each factory once, however often it is installed.
+    QAccessible::installFactory(interfaceOf);
+    widget->setProperty(property, value);
+    // Qt may have described the widget already, as it does when the name is set.
+    if (QAccessibleInterface *earlier = QAccessible::queryAccessibleInterface(widget))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(earlier));
 }
 
 } // namespace
 
 void setAccessibleRole(QWidget *widget, QAccessible::Role role)
 {
-    // Qt keeps each factory once, however often it is installed.
-    QAccessible::installFactory(interfaceOf);
-    widget->setProperty(roleProperty, static_cast<int>(role));
-    // Qt may have described the widget already, as it does when the name is set.
-    if (QAccessibleInterface *earlier = QAccessible::queryAccessibleInterface(widget))
-        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(earlier));
+    widget->setProperty(ornamentProperty, false);
+    describeAnew(widget, roleProperty, static_cast<int>(role));
+}
+
+void hideFromAssistiveTechnology(QWidget *widget)
+{
+    describeAnew(widget, ornamentProperty, true);
 }
 
 } // namespace tonearm

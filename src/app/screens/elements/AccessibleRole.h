@@ -12,4 +12,8 @@ namespace tonearm {
 /// shown.
 void setAccessibleRole(QWidget *widget, QAccessible::Role role);
 
+/// Keeps a mere ornament from assistive technology, for which it then counts as not on the screen. To be
+/// called before the widget is shown.
+void hideFromAssistiveTechnology(QWidget *widget);
+
 } // namespace tonearm

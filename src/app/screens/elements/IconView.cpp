@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/elements/IconView.h"
 
+#include "app/screens/elements/AccessibleRole.h"
+
 #include <QPainter>
 
 namespace tonearm {
@@ -11,6 +13,7 @@ IconView::IconView(IconName name, Tone tone, QWidget *parent, int side)
     , m_tone(tone)
 {
     setFixedSize(side, side);
+    hideFromAssistiveTechnology(this);
 }
 
 void IconView::setIcon(IconName name, Tone tone)

@@ -7,8 +7,8 @@
 
 namespace tonearm {
 
-/// An icon by itself, in a square of a fixed size. It follows the palette and the scale factor. Nothing
-/// to a screen reader, unless it is given a role and a name.
+/// An icon by itself, in a square of a fixed size. It follows the palette and the scale factor. Hidden
+/// from screen readers, unless it is given a role and a name.
 class IconView : public QWidget
 {
     Q_OBJECT
