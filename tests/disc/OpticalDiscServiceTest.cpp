@@ -9,9 +9,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
+#include <QThread>
 
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <system_error>
 
@@ -39,6 +43,27 @@ class BrokenListing : public VolumeListing
 {
 public:
     QList<MountedVolume> volumes() const override { throw std::system_error(EIO, std::generic_category()); }
+};
+
+// Tells on which thread it is asked, and how often at a time.
+class WatchedListing : public VolumeListing
+{
+public:
+    QList<MountedVolume> volumes() const override
+    {
+        highestCount = std::max(highestCount.load(), ++m_count);
+        // Long enough for another scan to get in between, if it could.
+        QThread::msleep(20);
+        --m_count;
+        isOnItsOwnThread = QThread::currentThread() != QCoreApplication::instance()->thread();
+        return {};
+    }
+
+    mutable std::atomic_int highestCount = 0;
+    mutable std::atomic_bool isOnItsOwnThread = false;
+
+private:
+    mutable std::atomic_int m_count = 0;
 };
 
 class OpticalDiscServiceTest : public testing::Test
@@ -113,6 +138,18 @@ TEST_F(OpticalDiscServiceTest, FindsNothingWithoutAList)
 {
     OpticalDiscService service(std::make_shared<BrokenListing>());
     EXPECT_EQ(test::await(service.scan({})).size(), 0);
+}
+
+TEST_F(OpticalDiscServiceTest, ScansOnAThreadOfItsOwnAndOnceAtATime)
+{
+    const auto listing = std::make_shared<WatchedListing>();
+    OpticalDiscService service(listing);
+    QCoro::Task<QList<DiscInfo>> first = service.scan({});
+    QCoro::Task<QList<DiscInfo>> second = service.scan({});
+    test::await(std::move(first));
+    test::await(std::move(second));
+    EXPECT_TRUE(listing->isOnItsOwnThread);
+    EXPECT_EQ(listing->highestCount, 1);
 }
 
 TEST_F(OpticalDiscServiceTest, StartsAfreshEachTime)

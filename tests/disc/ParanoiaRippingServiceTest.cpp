@@ -132,6 +132,14 @@ TEST_F(ParanoiaRipping, RefusesAFileThatIsOneByteShort)
                               3, u"Only 23563 of 23564 bytes were read. The drive stopped early."_s));
 }
 
+TEST_F(ParanoiaRipping, ReportsTheEndBeforeItLooksAtTheSize)
+{
+    setProgram("write 23563");
+    double last = 0;
+    EXPECT_TRUE(awaitError<DiscError>(rip([&last](double fraction) { last = fraction; })));
+    EXPECT_EQ(last, 1.0);
+}
+
 TEST_F(ParanoiaRipping, RefusesAShortFileWithTheProgramsComplaints)
 {
     setProgram("echo 'Unable to read' >&2; write 100; echo fine >&2; echo 'Seek failed' >&2");
@@ -243,7 +251,9 @@ TEST_F(ParanoiaRipping, NamesTheFileOfAVerification)
     setProgram("write 23564; basename \"$output\" > \"$here/name\"");
     await(verify({}));
     const QString name = QString::fromUtf8(test::readFile(tools().path(u"name"_s))).trimmed();
-    EXPECT_TRUE(name.startsWith(u"paranoia-verify-3-"_s) && name.endsWith(u".wav"_s)) << name.toStdString();
+    const QString prefix = u"paranoia-verify-3-"_s;
+    EXPECT_TRUE(name.startsWith(prefix) && name.endsWith(u".wav"_s)) << name.toStdString();
+    EXPECT_FALSE(QUuid(name.sliced(prefix.size()).chopped(4)).isNull()) << name.toStdString();
     EXPECT_EQ(files(), QStringList());
 }
 

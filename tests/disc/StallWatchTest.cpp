@@ -74,6 +74,13 @@ TEST(StallWatch, TakesAShrinkingFileForOneThatDoesntGrow)
     EXPECT_EQ(looksUntilStalled(growth, 10), looksOfPatience);
 }
 
+TEST(StallWatch, LooksEveryFourTenthsOfASecondForTwoMinutesAndAHalf)
+{
+    using namespace std::chrono_literals;
+    EXPECT_EQ(StallTimes{}.poll, 400ms);
+    EXPECT_EQ(StallTimes{}.patience, 150s);
+}
+
 TEST(StallWatch, KeepsTheTimesThatItIsGiven)
 {
     using namespace std::chrono_literals;

@@ -208,6 +208,25 @@ TEST_F(VolumeReadingTest, TellsAllAboutADisc)
     EXPECT_EQ(disc.rawDevice, QUrl::fromLocalFile(u"/dev/sr0"_s));
 }
 
+TEST_F(VolumeReadingTest, TakesTheLaterOfTwoFilesForATrackInTheOrderOfTheirNames)
+{
+    writeTable();
+    write(u"1 A.aiff"_s);
+    write(u"01 B.aiff"_s);
+    EXPECT_EQ(readDisc(volume()).tracks.front().title, u"A"_s);
+}
+
+TEST_F(VolumeReadingTest, DoesWithoutADeviceThatItDoesntKnow)
+{
+    writeTable();
+    write(u"1 Song.aiff"_s);
+    MountedVolume unknown = volume();
+    unknown.source = u"cddafs"_s;
+    const DiscInfo disc = readDisc(unknown);
+    EXPECT_EQ(numbersOf(disc.tracks), QList<qint64>{1});
+    EXPECT_EQ(disc.rawDevice, std::nullopt);
+}
+
 TEST_F(VolumeReadingTest, LooksAtNoHiddenFilesAndIntoNoFolders)
 {
     writeTable();

@@ -2,6 +2,7 @@
 // What is to become of files that can't keep all their tags.
 #include "editorwindow/EditorWindowTest.h"
 
+#include "app/screens/elements/Colours.h"
 #include "app/screens/elements/IconLabel.h"
 #include "app/screens/elements/Tooltip.h"
 
@@ -31,7 +32,7 @@ TEST_F(OptionsRowTest, ExplainsTheChoice)
         u"which went.\n\nThis resets when the window is closed."_s;
     EXPECT_EQ(toggle().toolTip(), plainTooltip(text));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&toggle())->text(QAccessible::Description), text);
-    EXPECT_FALSE(toggle().icon().isNull());
+    EXPECT_EQ(toggle().icon().pixmap(32).toImage(), icon(IconName::warning).pixmap(32).toImage());
 }
 
 TEST_F(OptionsRowTest, FollowsAndSetsTheChoice)
@@ -62,7 +63,8 @@ TEST_F(OptionsRowTest, TellsWhatASaveHasDropped)
     auto &summary = window.find<IconLabel>(u"2 tags dropped from 1 file that couldn't keep them."_s);
     WindowUser::settle();
     EXPECT_GE(summary.x(), toggle().geometry().right() + 1 + 12);
-    EXPECT_NE(summary.palette().color(QPalette::WindowText), widget().palette().color(QPalette::WindowText));
+    EXPECT_EQ(summary.iconName(), IconName::warning);
+    EXPECT_EQ(summary.palette().color(QPalette::WindowText), toneColour(Tone::warning, widget().palette()));
     model.droppedTagReports = QList<RefusedSave>();
     EXPECT_FALSE(window.shows(u"2 tags dropped from 1 file that couldn't keep them."_s));
 }

@@ -96,9 +96,14 @@ TEST_F(SaveBarTest, TellsTheResultBeforeWhatIsLeft)
 TEST_F(SaveBarTest, MarksAResultWithFailures)
 {
     model.completionMessage = u"Saved 1 file."_s;
+    const auto &result = window.find<IconLabel>(u"Saved 1 file."_s);
+    EXPECT_EQ(result.iconName(), IconName::success);
+    EXPECT_EQ(result.iconTone(), Tone::secondary);
     const QImage success = rendered(window.find(u"Saved 1 file."_s));
     model.saveFailures = QList<SaveFailure>{SaveFailure()};
-    EXPECT_NE(rendered(window.find(u"Saved 1 file."_s)), success);
+    EXPECT_EQ(result.iconName(), IconName::warning);
+    EXPECT_EQ(result.iconTone(), Tone::warning);
+    EXPECT_NE(rendered(window.find(u"Saved 1 file."_s)), success) << "it shows what it says";
     model.saveFailures = QList<SaveFailure>();
     EXPECT_EQ(rendered(window.find(u"Saved 1 file."_s)), success);
 }

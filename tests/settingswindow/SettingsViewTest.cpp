@@ -51,8 +51,9 @@ TEST_F(SettingsViewTest, IsAsWideAsItShouldBe)
 TEST_F(SettingsViewTest, HasThreeTabsWithIcons)
 {
     EXPECT_EQ(tabTitles(), (QStringList{u"File Output"_s, u"Audio CDs"_s, u"Metadata"_s}));
-    for (int index = 0; index < tabs().count(); ++index)
-        EXPECT_FALSE(tabs().tabIcon(index).isNull()) << index;
+    const QList<IconName> icons = {IconName::folder, IconName::disc, IconName::metadataPage};
+    for (int index = 0; index < icons.size(); ++index)
+        EXPECT_EQ(tabs().tabIcon(index).pixmap(32).toImage(), icon(icons.at(index)).pixmap(32).toImage());
     EXPECT_EQ(tabs().currentIndex(), 0);
 }
 

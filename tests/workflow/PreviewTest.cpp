@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -26,6 +28,11 @@ protected:
         m_model.togglePreview(chapter(index));
         EXPECT_EQ(m_model.preparingPreviewChapterID.value(), chapter(index).id);
         ASSERT_TRUE(eventually([this] { return !m_model.preparingPreviewChapterID.value(); }));
+    }
+
+    QStringList previewFiles() const
+    {
+        return QDir(m_fixture.path(u"Tonearm/Previews"_s)).entryList(QDir::Files);
     }
 
     ModelFixture m_fixture;
@@ -104,9 +111,21 @@ TEST_F(Preview, IsSilentWhenItIsStoppedInTime)
 TEST_F(Preview, IsDroppedWithItsSource)
 {
     play(0);
+    ASSERT_FALSE(previewFiles().isEmpty());
     m_model.clearInputs();
     EXPECT_FALSE(m_model.previewingChapterID.value());
     EXPECT_EQ(m_fixture.sounds().openCount(), 0);
+    EXPECT_TRUE(eventually([this] { return previewFiles().isEmpty(); }));
+}
+
+TEST_F(Preview, IsDroppedWhenAnotherSourceComes)
+{
+    play(0);
+    ASSERT_FALSE(previewFiles().isEmpty());
+    m_model.loadFile(QUrl::fromLocalFile(plainSource()));
+    EXPECT_FALSE(m_model.previewingChapterID.value());
+    EXPECT_EQ(m_fixture.sounds().openCount(), 0);
+    EXPECT_TRUE(eventually([this] { return previewFiles().isEmpty(); }));
 }
 
 } // namespace tonearm

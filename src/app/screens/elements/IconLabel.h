@@ -18,6 +18,10 @@ public:
 
     void setIcon(IconName name, Tone tone);
 
+    IconName iconName() const { return m_name; }
+
+    Tone iconTone() const { return m_tone; }
+
     /// Whether the user can mark and copy the text.
     void setSelectable(bool selectable);
 
