@@ -175,6 +175,19 @@ TEST_F(ChapterTableTest, ShowsSevenPlaceholdersWithoutRows)
         EXPECT_FALSE(each->isVisible());
 }
 
+TEST_F(ChapterTableTest, HidesPlaceholdersFromScreenReadersButNoRows)
+{
+    const auto isHidden = [this] {
+        return QAccessible::queryAccessibleInterface(views().first())->state().invisible;
+    };
+    showRows(0);
+    EXPECT_TRUE(isHidden());
+    table->setRows(chapterRows(2));
+    EXPECT_FALSE(isHidden());
+    table->setRows({});
+    EXPECT_TRUE(isHidden());
+}
+
 TEST_F(ChapterTableTest, IsNoTabStopWithoutRows)
 {
     showRows(0);

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QImage>
 #include <QPointer>
@@ -44,6 +45,9 @@ protected:
         ASSERT_EQ(shown(title).size(), 1);
         QWidget *window = shown(title).first();
         EXPECT_EQ(window->size(), size);
+        const QAccessibleInterface *described = QAccessible::queryAccessibleInterface(window);
+        EXPECT_EQ(described->role(), QAccessible::Window);
+        EXPECT_EQ(described->text(QAccessible::Name), title);
         ASSERT_TRUE(showActive(m_app.mainWindow()));
         open();
         EXPECT_EQ(shown(title), QList{window});

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QWidget>
 
 namespace tonearm {
@@ -36,6 +37,20 @@ TEST(AccessibleRole, OfAnIconIsNoneUnlessItIsGivenOne)
     EXPECT_FALSE(isOnTheScreenFor(ornament));
     EXPECT_TRUE(isOnTheScreenFor(sign));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&sign)->role(), QAccessible::Graphic);
+}
+
+TEST(AccessibleRole, HidesWhatAnOrnamentHoldsUntilItIsNoneAnyMore)
+{
+    QWidget row;
+    const QLabel text(QStringLiteral("—"), &row);
+    setAccessibleRole(&row, QAccessible::Grouping);
+    row.show();
+    hideFromAssistiveTechnology(&row);
+    EXPECT_FALSE(isOnTheScreenFor(row));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&row)->childCount(), 0);
+    setAccessibleRole(&row, QAccessible::Grouping);
+    EXPECT_TRUE(isOnTheScreenFor(row));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&row)->childCount(), 1);
 }
 
 } // namespace tonearm

@@ -71,6 +71,7 @@ AboutView::AboutView(AppModel &model, const VersionRecord &record, OpenLink open
     , m_openLink(std::move(openLink))
 {
     setWindowTitle(u"About Tonearm"_s);
+    setAccessibleRole(this, QAccessible::Window);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(padding, padding, padding, padding);
     column->setSpacing(groupGap);

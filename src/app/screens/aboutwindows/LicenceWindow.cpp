@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/aboutwindows/LicenceWindow.h"
 
+#include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/PlaceholderScreen.h"
 #include "app/screens/elements/TextStyle.h"
 #include "app/screens/elements/WindowFit.h"
@@ -53,6 +54,7 @@ LicenceWindow::LicenceWindow(const std::optional<QString> &resourceFolder)
     : m_places(new QStackedWidget(this))
 {
     setWindowTitle(u"Third-Party Licences"_s);
+    setAccessibleRole(this, QAccessible::Window);
     setMinimumSize(smallestSize);
     resize(defaultSize);
     auto *column = new QVBoxLayout(this);

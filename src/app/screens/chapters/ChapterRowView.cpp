@@ -46,7 +46,6 @@ ChapterRowView::ChapterRowView(const ChapterColumns &columns, QWidget *parent)
     , m_songTitle(new QLineEdit(this))
     , m_badge(new VerificationBadge(this))
 {
-    setAccessibleRole(this, QAccessible::Grouping);
     m_number->setAlignment(ChapterColumns::alignment(ChapterColumn::number));
     m_sourceTitle->setAlignment(ChapterColumns::alignment(ChapterColumn::sourceTitle));
     m_length->setAlignment(ChapterColumns::alignment(ChapterColumn::length));
@@ -80,6 +79,7 @@ void ChapterRowView::showRow(int index, const ChapterTableRow &row)
     m_preview->setVisible(true);
     showState(row);
     setAccessibleName(u"Chapter %1"_s.arg(index + 1));
+    setAccessibleRole(this, QAccessible::Grouping);
 }
 
 void ChapterRowView::showPlaceholder(int index)
@@ -90,6 +90,7 @@ void ChapterRowView::showPlaceholder(int index)
     m_preview->hide();
     m_badge->hide();
     setAccessibleName(QString());
+    hideFromAssistiveTechnology(this);
 }
 
 void ChapterRowView::updateRow(const ChapterTableRow &row)

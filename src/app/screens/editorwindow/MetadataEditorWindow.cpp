@@ -3,6 +3,7 @@
 
 #include "app/screens/editorwindow/EditorQuestions.h"
 #include "app/screens/editorwindow/MetadataEditorView.h"
+#include "app/screens/elements/AccessibleRole.h"
 #include "tageditor/MetadataEditorModel.h"
 
 #include <QCloseEvent>
@@ -25,6 +26,7 @@ MetadataEditorWindow::MetadataEditorWindow(MetadataEditorModel &model, const Gen
     : m_model(model)
 {
     setWindowTitle(u"Edit Metadata"_s);
+    setAccessibleRole(this, QAccessible::Window);
     setMinimumSize(smallestSize);
     resize(defaultSize);
     auto *view = new MetadataEditorView(model, genres, viewer, this);

@@ -23,6 +23,10 @@ public:
         state.invisible = true;
         return state;
     }
+
+    int childCount() const override { return 0; }
+
+    QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
 };
 
 // Qt asks it once for each class that a widget derives from; the first answer counts.
@@ -39,27 +43,37 @@ QAccessibleInterface *interfaceOf(const QString & /*className*/, QObject *object
     return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
 }
 
-void describeAnew(QWidget *widget, const char *property, const QVariant &value)
+// Qt may have described the widget already, as it does when the name is set.
+void describeAnew(QWidget *widget)
 {
     // Qt keeps each factory once, however often it is installed.
     QAccessible::installFactory(interfaceOf);
-    widget->setProperty(property, value);
-    // Qt may have described the widget already, as it does when the name is set.
     if (QAccessibleInterface *earlier = QAccessible::queryAccessibleInterface(widget))
         QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(earlier));
+}
+
+bool isOrnament(const QWidget &widget)
+{
+    return widget.property(ornamentProperty).toBool();
 }
 
 } // namespace
 
 void setAccessibleRole(QWidget *widget, QAccessible::Role role)
 {
+    if (!isOrnament(*widget) && widget->property(roleProperty) == static_cast<int>(role))
+        return;
     widget->setProperty(ornamentProperty, false);
-    describeAnew(widget, roleProperty, static_cast<int>(role));
+    widget->setProperty(roleProperty, static_cast<int>(role));
+    describeAnew(widget);
 }
 
 void hideFromAssistiveTechnology(QWidget *widget)
 {
-    describeAnew(widget, ornamentProperty, true);
+    if (isOrnament(*widget))
+        return;
+    widget->setProperty(ornamentProperty, true);
+    describeAnew(widget);
 }
 
 } // namespace tonearm

@@ -102,6 +102,7 @@ ArtworkWindow::ArtworkWindow(const QString &title, const ArtworkPlaceholder &pla
     : m_places(new QStackedWidget(this))
 {
     setWindowTitle(title);
+    setAccessibleRole(this, QAccessible::Window);
     setMinimumSize(smallestSize);
     resize(defaultSize);
     auto *column = new QVBoxLayout(this);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/settingswindow/SettingsView.h"
 
+#include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/Announcement.h"
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/IconLabel.h"
@@ -30,6 +31,7 @@ constexpr QSize tabIconSize(20, 20);
 SettingsView::SettingsView(AppSettings &settings, Panels &panels)
 {
     setWindowTitle(u"Settings"_s);
+    setAccessibleRole(this, QAccessible::Window);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(padding, padding, padding, padding);
     column->addWidget(makeTabs(settings, panels), 1);
