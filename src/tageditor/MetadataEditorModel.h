@@ -160,6 +160,8 @@ public:
     std::optional<QString> overwriteWarning() const;
     /// Whether a save would change the file.
     bool isDirty(const EditableAudioFile &row) const;
+    /// How many files a save would change.
+    qsizetype dirtyCount() const;
     bool hasPendingChanges() const;
     bool canSave() const;
 
@@ -212,6 +214,14 @@ private:
     struct SaveOutcome;
     struct ArtworkReading;
 
+    // What came of reading the files of the folder.
+    struct ReadRows
+    {
+        // In the order of the table.
+        QList<EditableAudioFile> rows;
+        QSet<QUrl> readable;
+    };
+
     // A picture that is to be made ready for some files.
     struct ArtworkRequest
     {
@@ -241,11 +251,12 @@ private:
 
     QCoro::Task<> loadFolder(QUrl folder, std::stop_token stop);
     QCoro::Task<> showFolder(QUrl folder, std::stop_token stop);
-    QCoro::Task<QList<EditableAudioFile>> readRows(QList<QUrl> urls, std::stop_token stop);
+    QCoro::Task<ReadRows> readRows(QList<QUrl> urls, std::stop_token stop);
     void leaveFolder();
 
     qint64 artworkBudget() const;
     bool isOverBudget(const EditableAudioFile &row) const;
+    QSet<QUrl> selectedOverBudget() const;
     QList<ArtworkIntent> selectedIntents() const;
     bool isArtworkPendingForSelection() const;
     std::optional<ArtworkFingerprint> fingerprintOf(const QUrl &url) const;
@@ -289,6 +300,11 @@ private:
         m_selectedIntents;
     mutable Remembered<QSet<QString>, QList<EditableAudioFile>, QHash<QUrl, ArtworkFingerprint>>
         m_selectedDigests;
+    mutable Remembered<QSet<QUrl>, QList<EditableAudioFile>, QHash<QUrl, ArtworkFingerprint>, qint64>
+        m_selectedOverBudget;
+    mutable Remembered<qsizetype, QList<EditableAudioFile>, TagChangeSet, QHash<QUrl, ArtworkFingerprint>,
+                       qint64>
+        m_dirtyCount;
     std::optional<TaskHandle> m_loadTask;
     std::optional<TaskHandle> m_saveTask;
     std::optional<TaskHandle> m_artworkTask;

@@ -19,13 +19,14 @@ QString caption(qint64 width, qint64 height, qint64 byteCount)
     return u"%1 × %2 · %3"_s.arg(QString::number(width), QString::number(height), byteCountText(byteCount));
 }
 
+// Each intent once.
 QList<ArtworkIntent> intentsOf(const QList<EditableAudioFile> &rows,
                                const QHash<QUrl, ArtworkIntent> &pending)
 {
     QList<ArtworkIntent> intents;
-    intents.reserve(rows.size());
     for (const EditableAudioFile &row : rows)
-        intents.append(pending.value(row.url));
+        if (const ArtworkIntent intent = pending.value(row.url); !intents.contains(intent))
+            intents.append(intent);
     return intents;
 }
 
@@ -38,6 +39,18 @@ QSet<QString> digestsOf(const QList<EditableAudioFile> &rows, const QHash<QUrl, 
         digests.insert(fingerprint == known.constEnd() ? QString() : fingerprint->digest);
     }
     return digests;
+}
+
+QSet<QUrl> urlsOverBudget(const QList<EditableAudioFile> &rows, const QHash<QUrl, ArtworkFingerprint> &known,
+                          qint64 budget)
+{
+    QSet<QUrl> urls;
+    for (const EditableAudioFile &row : rows) {
+        const auto fingerprint = known.constFind(row.url);
+        if (fingerprint != known.constEnd() && fingerprint->byteCount > budget)
+            urls.insert(row.url);
+    }
+    return urls;
 }
 
 } // namespace
@@ -60,7 +73,7 @@ EditorArtworkState MetadataEditorModel::artworkState() const
     if (rows.isEmpty())
         return EditorArtworkState::note(u"No selection"_s);
     const QList<ArtworkIntent> intents = selectedIntents();
-    if (intents.count(intents.first()) != intents.size())
+    if (intents.size() > 1)
         return EditorArtworkState::warning(u"Pending artwork differs"_s);
     switch (intents.first().kind) {
     case Kind::remove:
@@ -109,12 +122,11 @@ std::optional<QString> MetadataEditorModel::artworkCaption() const
             return std::nullopt;
         return caption(chosen->pixelWidth, chosen->pixelHeight, chosen->byteCount);
     }
-    const QList<EditableAudioFile> rows = selectedFiles();
     const QSet<QString> digests = selectedDigests();
     if (digests.size() != 1 || digests.contains(QString()) ||
-        selectedIntents().count(ArtworkIntent::remove()) == rows.size())
+        selectedIntents() == QList{ArtworkIntent::remove()})
         return std::nullopt;
-    const ArtworkFingerprint common = *fingerprintOf(rows.first().url);
+    const ArtworkFingerprint common = *fingerprintOf(selectedFiles().first().url);
     return caption(common.pixelWidth, common.pixelHeight, common.byteCount);
 }
 
@@ -146,11 +158,15 @@ bool MetadataEditorModel::isOverBudget(const EditableAudioFile &row) const
     return tonearm::isOverBudget(fingerprintOf(row.url), artworkBudget());
 }
 
+QSet<QUrl> MetadataEditorModel::selectedOverBudget() const
+{
+    return m_selectedOverBudget.from(selectedFiles(), artworkFingerprints.value(), artworkBudget(),
+                                     urlsOverBudget);
+}
+
 bool MetadataEditorModel::hasArtworkOverBudget() const
 {
-    const QList<EditableAudioFile> rows = selectedFiles();
-    return std::any_of(rows.begin(), rows.end(),
-                       [this](const EditableAudioFile &row) { return isOverBudget(row); });
+    return !selectedOverBudget().isEmpty();
 }
 
 QString MetadataEditorModel::optimizeLabel() const
@@ -160,11 +176,8 @@ QString MetadataEditorModel::optimizeLabel() const
 
 bool MetadataEditorModel::isOptimizing() const
 {
-    const QList<EditableAudioFile> rows = selectedFiles();
-    const QSet<QUrl> optimizing = changes.value().optimizing;
-    return hasArtworkOverBudget() && std::all_of(rows.begin(), rows.end(), [&](const EditableAudioFile &row) {
-               return !isOverBudget(row) || optimizing.contains(row.url);
-           });
+    const QSet<QUrl> &optimizing = changes.value().optimizing;
+    return hasArtworkOverBudget() && optimizing.contains(selectedOverBudget());
 }
 
 } // namespace tonearm

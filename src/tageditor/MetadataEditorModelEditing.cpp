@@ -12,6 +12,32 @@ namespace {
 
 constexpr qint64 bytesPerKilobyte = 1024;
 
+using Fingerprints = QHash<QUrl, ArtworkFingerprint>;
+
+std::optional<ArtworkFingerprint> fingerprintIn(const Fingerprints &known, const QUrl &url)
+{
+    const auto found = known.constFind(url);
+    return found == known.constEnd() ? std::nullopt : std::optional(*found);
+}
+
+bool isDirtyWith(const EditableAudioFile &row, const TagChangeSet &pending, const Fingerprints &known,
+                 qint64 budget)
+{
+    // What the fingerprint says matters for these only.
+    const bool isShrinking = pending.optimizing.contains(row.url);
+    return isDirty(row, pending, isShrinking ? fingerprintIn(known, row.url) : std::nullopt, budget);
+}
+
+qsizetype countDirty(const QList<EditableAudioFile> &rows, const TagChangeSet &pending,
+                     const Fingerprints &known, qint64 budget)
+{
+    if (pending == TagChangeSet())
+        return 0;
+    return std::count_if(rows.begin(), rows.end(), [&](const EditableAudioFile &row) {
+        return isDirtyWith(row, pending, known, budget);
+    });
+}
+
 } // namespace
 
 void MetadataEditorModel::setValue(const QString &text, EditableTagField field)
@@ -20,8 +46,19 @@ void MetadataEditorModel::setValue(const QString &text, EditableTagField field)
     if (rows.isEmpty())
         return;
     TagChangeSet edited = changes.value();
-    for (const EditableAudioFile &row : rows)
-        edited.fieldEdits[row.url].insert(field, text);
+    edited.fieldEdits.reserve(std::max(edited.fieldEdits.size(), rows.size()));
+    // Rows that were edited together share their edits, and go on sharing them.
+    QMap<EditableTagField, QString> before;
+    QMap<EditableTagField, QString> after{{field, text}};
+    for (const EditableAudioFile &row : rows) {
+        QMap<EditableTagField, QString> &edits = edited.fieldEdits[row.url];
+        if (edits != before) {
+            before = edits;
+            after = edits;
+            after.insert(field, text);
+        }
+        edits = after;
+    }
     changes = std::move(edited);
     completionMessage = std::nullopt;
 }
@@ -33,25 +70,23 @@ qint64 MetadataEditorModel::artworkBudget() const
 
 std::optional<ArtworkFingerprint> MetadataEditorModel::fingerprintOf(const QUrl &url) const
 {
-    const QHash<QUrl, ArtworkFingerprint> &known = artworkFingerprints.value();
-    const auto found = known.constFind(url);
-    return found == known.constEnd() ? std::nullopt : std::optional(*found);
+    return fingerprintIn(artworkFingerprints.value(), url);
 }
 
 bool MetadataEditorModel::isDirty(const EditableAudioFile &row) const
 {
-    const TagChangeSet &pending = changes.value();
-    // What the fingerprint says matters for these only.
-    const bool isShrinking = pending.optimizing.contains(row.url);
-    return tonearm::isDirty(row, pending, isShrinking ? fingerprintOf(row.url) : std::nullopt,
-                            artworkBudget());
+    return isDirtyWith(row, changes.value(), artworkFingerprints.value(), artworkBudget());
+}
+
+qsizetype MetadataEditorModel::dirtyCount() const
+{
+    return m_dirtyCount.from(files.value(), changes.value(), artworkFingerprints.value(), artworkBudget(),
+                             countDirty);
 }
 
 bool MetadataEditorModel::hasPendingChanges() const
 {
-    const QList<EditableAudioFile> &rows = files.value();
-    return std::any_of(rows.begin(), rows.end(),
-                       [this](const EditableAudioFile &row) { return isDirty(row); });
+    return dirtyCount() > 0;
 }
 
 bool MetadataEditorModel::canSave() const

@@ -8,6 +8,7 @@
 
 #include <QScopeGuard>
 
+#include <numeric>
 #include <utility>
 
 namespace tonearm {
@@ -19,6 +20,20 @@ namespace {
 EditableAudioFile placeholderRow(const QUrl &url)
 {
     return {.url = url, .tags = {}, .unreadableReason = {}, .modificationDate = {}};
+}
+
+struct Listing
+{
+    AudioFolderContents contents;
+    QList<EditableAudioFile> placeholders;
+};
+
+Listing listingOf(const AudioFileTagService &service, const QUrl &folder)
+{
+    Listing listing{.contents = service.audioFiles(folder), .placeholders = {}};
+    for (const QUrl &url : std::as_const(listing.contents.files))
+        listing.placeholders.append(placeholderRow(url));
+    return listing;
 }
 
 EditableAudioFile unreadableRow(const QUrl &url)
@@ -45,9 +60,19 @@ QCoro::Task<std::optional<EditableAudioFile>> readRow(AudioFileTagService servic
     co_return row;
 }
 
+QList<EditableAudioFile> rowsOf(const QList<QUrl> &urls, const QList<std::optional<EditableAudioFile>> &read)
+{
+    QList<EditableAudioFile> rows;
+    rows.reserve(urls.size());
+    for (qsizetype place = 0; place < urls.size(); ++place)
+        rows.append(read.at(place) ? *read.at(place) : unreadableRow(urls.at(place)));
+    return rows;
+}
+
 QSet<QUrl> readableURLs(const QList<EditableAudioFile> &rows)
 {
     QSet<QUrl> urls;
+    urls.reserve(rows.size());
     for (const EditableAudioFile &row : rows)
         if (!row.unreadableReason)
             urls.insert(row.url);
@@ -137,52 +162,58 @@ QCoro::Task<> MetadataEditorModel::loadFolder(QUrl folder, std::stop_token stop)
 
 QCoro::Task<> MetadataEditorModel::showFolder(QUrl folder, std::stop_token stop)
 {
-    const auto listing = [service = m_services.tagService, folder] { return service.audioFiles(folder); };
-    AudioFolderContents contents;
+    const auto listing = [service = m_services.tagService, folder] { return listingOf(service, folder); };
+    Listing listed;
     try {
-        const AudioFolderContents listed = co_await inBackground(listing);
-        contents = listed;
+        const Listing found = co_await inBackground(listing);
+        listed = found;
     } catch (...) {
         throwIfCancelled(stop);
         alert = AlertContent(u"Couldn't Read That Folder"_s, std::current_exception());
         co_return;
     }
     throwIfCancelled(stop);
-    skippedAudioCount = contents.skippedCount;
-    if (contents.files.isEmpty())
+    skippedAudioCount = listed.contents.skippedCount;
+    if (listed.placeholders.isEmpty())
         co_return;
-    QList<EditableAudioFile> rows;
-    for (const QUrl &url : std::as_const(contents.files))
-        rows.append(placeholderRow(url));
-    files = rows;
-    const QList<EditableAudioFile> read = co_await readRows(contents.files, stop);
+    files = std::exchange(listed.placeholders, {});
+    const ReadRows read = co_await readRows(listed.contents.files, stop);
     throwIfCancelled(stop);
-    files = sortedRows(read, sortOrder.value());
-    selection = readableURLs(read);
+    files = read.rows;
+    selection = read.readable;
     readArtwork();
 }
 
-// One row for each URL, in their order.
-QCoro::Task<QList<EditableAudioFile>> MetadataEditorModel::readRows(QList<QUrl> urls, std::stop_token stop)
+// One row for each URL.
+QCoro::Task<MetadataEditorModel::ReadRows> MetadataEditorModel::readRows(QList<QUrl> urls,
+                                                                         std::stop_token stop)
 {
     using Row = std::optional<EditableAudioFile>;
-    QHash<QUrl, EditableAudioFile> read;
-    const BoundedReading<QUrl, Row> reading{
-        .read = [service = m_services.tagService,
-                 stop](QUrl url) { return readRow(service, std::move(url), stop); },
+    QList<Row> read(urls.size());
+    QList<qsizetype> places(urls.size());
+    std::iota(places.begin(), places.end(), 0);
+    const BoundedReading<qsizetype, Row> reading{
+        .read = [service = m_services.tagService, urls,
+                 stop](qsizetype place) { return readRow(service, urls.at(place), stop); },
         .record =
-            [this, &read, stop](const QUrl &url, const Row &row, double fraction) {
-                if (row)
-                    read.insert(url, *row);
+            [this, &read, stop](qsizetype place, const Row &row, double fraction) {
+                read[place] = row;
                 if (!stop.stop_requested())
                     loadProgress = fraction;
             },
     };
-    co_await readBounded(urls, reading, stop);
-    QList<EditableAudioFile> rows;
-    for (const QUrl &url : std::as_const(urls))
-        rows.append(read.value(url, unreadableRow(url)));
-    co_return rows;
+    co_await readBounded(places, reading, stop);
+    while (true) {
+        const QList<RowComparator> order = sortOrder.value();
+        const auto arranging = [urls, read, order] {
+            const QList<EditableAudioFile> rows = sortedRows(rowsOf(urls, read), order);
+            return ReadRows{rows, readableURLs(rows)};
+        };
+        const ReadRows arranged = co_await inBackground(arranging);
+        // The user may have chosen another order meanwhile.
+        if (order == sortOrder.value())
+            co_return arranged;
+    }
 }
 
 } // namespace tonearm

@@ -10,6 +10,7 @@
 #include <QScopeGuard>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tonearm {
@@ -71,8 +72,10 @@ void MetadataEditorModel::save()
 {
     if (!canSave())
         return;
-    QList<EditableAudioFile> targets = files.value();
-    targets.removeIf([this](const EditableAudioFile &row) { return !isDirty(row); });
+    const QList<EditableAudioFile> &rows = files.value();
+    QList<EditableAudioFile> targets;
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(targets),
+                 [this](const EditableAudioFile &row) { return isDirty(row); });
     startSave(targets, dropsUnwritableTags.value() ? SaveMode::droppingTags : SaveMode::checkingFirst);
 }
 
@@ -248,10 +251,10 @@ QCoro::Task<> MetadataEditorModel::takeUpSaved(QSet<QUrl> saved, std::stop_token
     QList<QUrl> urls;
     for (const EditableAudioFile &row : files.value())
         urls.append(row.url);
-    const QList<EditableAudioFile> rows = co_await readRows(urls, folder);
+    const ReadRows read = co_await readRows(urls, folder);
     if (folder.stop_requested())
         co_return;
-    files = sortedRows(rows, sortOrder.value());
+    files = read.rows;
     readArtwork();
 }
 
@@ -259,13 +262,10 @@ void MetadataEditorModel::showOutcome(const SaveOutcome &outcome)
 {
     saveFailures = outcome.failures;
     droppedTagReports = outcome.dropped;
-    const QList<EditableAudioFile> rows = files.value();
-    const auto heldBack = std::count_if(rows.begin(), rows.end(),
-                                        [this](const EditableAudioFile &row) { return isDirty(row); });
     wasSaveCancelled = outcome.wasCancelled;
     completionMessage = completionLine({.saved = outcome.saved.size(),
                                         .failed = outcome.failures.size(),
-                                        .heldBack = heldBack,
+                                        .heldBack = dirtyCount(),
                                         .dropped = outcome.dropped.size(),
                                         .wasCancelled = outcome.wasCancelled});
     alert = alertOf(outcome.failures);

@@ -22,9 +22,23 @@ QList<EditableAudioFile> rowsIn(const QList<EditableAudioFile> &rows, const QSet
     QList<EditableAudioFile> selected;
     if (selection.isEmpty())
         return selected;
-    std::copy_if(rows.begin(), rows.end(), std::back_inserter(selected),
-                 [&](const EditableAudioFile &row) { return isSelected(row, selection); });
+    const auto wanted = [&](const EditableAudioFile &row) { return isSelected(row, selection); };
+    // Mostly one or all of them; all are shared instead of copied.
+    if (std::all_of(rows.begin(), rows.end(), wanted))
+        return rows;
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(selected), wanted);
     return selected;
+}
+
+using FieldEdits = QMap<EditableTagField, QString>;
+
+// Null if there is none.
+const QString *editOf(const FieldEdits *edits, EditableTagField field)
+{
+    if (!edits)
+        return nullptr;
+    const auto edit = edits->constFind(field);
+    return edit == edits->constEnd() ? nullptr : &*edit;
 }
 
 // Takes in one more value.
@@ -46,14 +60,15 @@ MetadataEditorModel::textsOf(const QList<EditableAudioFile> &rows,
     SelectedTexts texts;
     texts.fill({.shown = {}, .stored = {}, .isEditedEverywhere = !rows.isEmpty()});
     for (const EditableAudioFile &row : rows) {
-        const auto rowEdits = edits.constFind(row.url);
+        const auto found = edits.constFind(row.url);
+        const FieldEdits *rowEdits = found == edits.constEnd() ? nullptr : &*found;
         for (const EditableTagField field : allEditableTagFields) {
             SelectedText &text = texts.at(std::size_t(field));
             const QString &stored = row.tags.value(field);
-            const bool isEdited = rowEdits != edits.constEnd() && rowEdits->contains(field);
+            const QString *edit = editOf(rowEdits, field);
             join(text.stored, stored);
-            join(text.shown, isEdited ? *rowEdits->constFind(field) : stored);
-            text.isEditedEverywhere = text.isEditedEverywhere && isEdited;
+            join(text.shown, edit ? *edit : stored);
+            text.isEditedEverywhere = text.isEditedEverywhere && edit;
         }
     }
     return texts;
@@ -73,6 +88,7 @@ void MetadataEditorModel::setSortOrder(const QList<RowComparator> &order)
 void MetadataEditorModel::setSelection(const QSet<QUrl> &newSelection)
 {
     QSet<QUrl> selectable;
+    selectable.reserve(newSelection.size());
     for (const EditableAudioFile &row : files.value())
         if (isSelected(row, newSelection))
             selectable.insert(row.url);

@@ -62,7 +62,12 @@ EditorRowList::EditorRowList(MetadataEditorModel &model, QWidget *parent)
         },
         [this](const Change &) { showFiles(); });
     bind(
-        this, [&model] { return model.selection.value(); }, [this](const QSet<QUrl> &) { showSelection(); });
+        this,
+        [&model] {
+            static_cast<void>(model.selection.value());
+            return Change();
+        },
+        [this](const Change &) { showSelection(); });
     bind(
         this,
         [&model] {
@@ -93,11 +98,15 @@ void EditorRowList::showSelection()
 
 QBitArray EditorRowList::selectedInModel() const
 {
-    const QSet<QUrl> &selected = m_model.selection.value();
+    // They come in the order of the rows.
+    const QList<EditableAudioFile> selected = m_model.selectedFiles();
     const QList<EditableAudioFile> &files = m_rows->files();
     QBitArray rows(files.size());
-    for (qsizetype row = 0; row < files.size() && !selected.isEmpty(); ++row)
-        rows.setBit(row, !files[row].unreadableReason && selected.contains(files[row].url));
+    auto next = selected.begin();
+    for (qsizetype row = 0; row < files.size() && next != selected.end(); ++row) {
+        rows.setBit(row, next->url == files[row].url);
+        next += rows.testBit(row) ? 1 : 0;
+    }
     return rows;
 }
 

@@ -50,13 +50,16 @@ void EditorRows::rearrange(const QList<EditableAudioFile> &files)
 {
     Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList earlier = persistentIndexList();
-    QHash<QUrl, int> places;
     // Mostly there is none, or just the current one.
-    for (int row = 0; !earlier.isEmpty() && row < files.size(); ++row)
-        places.insert(files[row].url, row);
+    QHash<QUrl, int> places;
+    for (const QModelIndex &index : earlier)
+        places.insert(m_files[index.row()].url, -1);
+    for (int row = 0; !places.isEmpty() && row < files.size(); ++row)
+        if (const auto place = places.find(files[row].url); place != places.end())
+            *place = row;
     QModelIndexList later;
     for (const QModelIndex &index : earlier) {
-        const int row = places.value(m_files[index.row()].url, -1);
+        const int row = places.value(m_files[index.row()].url);
         later.append(row < 0 ? QModelIndex() : createIndex(row, index.column()));
     }
     m_files = files;

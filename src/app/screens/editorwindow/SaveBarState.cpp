@@ -3,8 +3,6 @@
 
 #include "tageditor/MetadataEditorModel.h"
 
-#include <algorithm>
-
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -12,13 +10,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Kind = SaveBarState::Kind;
-
-qsizetype dirtyCount(const MetadataEditorModel &model)
-{
-    const QList<EditableAudioFile> rows = model.files.value();
-    return std::count_if(rows.begin(), rows.end(),
-                         [&model](const EditableAudioFile &row) { return model.isDirty(row); });
-}
 
 } // namespace
 
@@ -30,7 +21,7 @@ SaveBarState saveBarState(const MetadataEditorModel &model)
         const bool hasFailures = !model.saveFailures.value().isEmpty();
         return {hasFailures ? Kind::completedWithFailures : Kind::completed, *message};
     }
-    const qsizetype count = dirtyCount(model);
+    const qsizetype count = model.dirtyCount();
     if (count == 0)
         return {};
     return {Kind::pending,
