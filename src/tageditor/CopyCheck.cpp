@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tageditor/CopyCheck.h"
 
+#include "support/BothOf.h"
 #include "support/PathText.h"
 #include "tageditor/AudioFileTagError.h"
+
+#include <utility>
 
 namespace tonearm {
 
@@ -21,6 +24,12 @@ bool isSameSound(const ProbePayload &probed, const AudioPackets &before, const A
 {
     const bool hasHeaders = probed.format && probed.format->formatName == u"aac"_s;
     return hasHeaders ? before.counts() == after.counts() : before == after;
+}
+
+QCoro::Task<> readAudioPackets(TagTools tools, QString path, AudioPackets *packets, std::stop_token stop)
+{
+    const AudioPackets read = co_await audioPackets(tools, path, stop);
+    *packets = read;
 }
 
 } // namespace
@@ -46,8 +55,11 @@ void checkAudioStreams(const QUrl &url, const ProbePayload &before, const ProbeP
 QCoro::Task<> checkAudioPackets(TagTools tools, RewriteTarget target, ProbePayload before,
                                 std::stop_token stop)
 {
-    const AudioPackets original = co_await audioPackets(tools, target.original, stop);
-    const AudioPackets copy = co_await audioPackets(tools, target.temporary, stop);
+    AudioPackets original;
+    AudioPackets copy;
+    QCoro::Task<> readingOriginal = readAudioPackets(tools, target.original, &original, stop);
+    QCoro::Task<> readingCopy = readAudioPackets(tools, target.temporary, &copy, stop);
+    co_await bothOf(std::move(readingOriginal), std::move(readingCopy));
     if (!isSameSound(before, original, copy))
         throw copyError(target.url, u"has lost some of its audio, so the file was left unchanged."_s);
 }

@@ -7,6 +7,7 @@
 #include <QFile>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -32,6 +33,14 @@ FileDescriptor opened(const QString &path)
     return file;
 }
 
+AttributesDate attributesDate(const FileDescriptor &file, const QString &path)
+{
+    struct stat found = {};
+    if (::fstat(file.number(), &found) != 0)
+        fail(path);
+    return std::chrono::seconds(found.st_ctim.tv_sec) + std::chrono::nanoseconds(found.st_ctim.tv_nsec);
+}
+
 // The new file is in place already, and some file systems can't do this for folders, so a failure tells
 // nobody that the save has failed.
 void makeRenameDurable(const QString &path)
@@ -52,13 +61,21 @@ void createPrivateFile(const QString &path)
         fail(path);
 }
 
-void replaceOriginal(const RewriteTarget &target)
+AttributesDate carryAttributesOver(const RewriteTarget &target)
 {
     const FileDescriptor copy = opened(target.temporary);
     const FileDescriptor original = opened(target.original);
+    const AttributesDate date = attributesDate(original, target.original);
     copyAttributes(original.number(), copy.number());
     if (::fsync(copy.number()) != 0)
         fail(target.temporary);
+    return date;
+}
+
+void replaceOriginal(const RewriteTarget &target, AttributesDate carriedOver)
+{
+    if (attributesDate(opened(target.original), target.original) != carriedOver)
+        carryAttributesOver(target);
     // The last look, so that next to no time is left for a change.
     checkUnchanged(target);
     if (std::rename(QFile::encodeName(target.temporary).constData(),

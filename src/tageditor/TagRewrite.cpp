@@ -2,6 +2,7 @@
 #include "tageditor/TagRewrite.h"
 
 #include "support/Background.h"
+#include "support/BothOf.h"
 #include "support/PathText.h"
 #include "tageditor/AudioFileTagError.h"
 #include "tageditor/CopyCheck.h"
@@ -80,8 +81,13 @@ QCoro::Task<QStringList> copyAndReplace(TagTools tools, WriteJob job, ProbePaylo
         throw AudioFileTagError::wouldLoseTags(url, lost);
     const auto check = [target = job.target] { checkUnchanged(target); };
     co_await inBackground(check);
-    co_await checkAudioPackets(tools, job.target, before, stop);
-    const auto replacement = [target = job.target] { replaceOriginal(target); };
+    // To get the copy onto the disk takes as long as to look through its sound.
+    AttributesDate carriedOver{};
+    const auto carrying = [target = job.target, &carriedOver] { carriedOver = carryAttributesOver(target); };
+    QCoro::Task<> listening = checkAudioPackets(tools, job.target, before, stop);
+    QCoro::Task<> flushing = inBackground(carrying);
+    co_await bothOf(std::move(listening), std::move(flushing));
+    const auto replacement = [target = job.target, carriedOver] { replaceOriginal(target, carriedOver); };
     co_await inBackground(replacement);
     co_return lost;
 }

@@ -61,7 +61,7 @@ protected:
         test::asOrdinaryUser([&] {
             createPrivateFile(target.temporary);
             test::writeFile(target.temporary, "new");
-            replaceOriginal(target);
+            replaceOriginal(target, carryAttributesOver(target));
         });
         EXPECT_EQ(test::readFile(song()), "new");
     }
@@ -191,11 +191,29 @@ TEST_F(FileReplacement, ReplacesNothingThatHasChanged)
     test::writeFile(target.temporary, "new");
     test::writeFile(song(), "changed");
     EXPECT_EQ(test::errorOf<AudioFileTagError>([&] {
-                  replaceOriginal(target);
+                  replaceOriginal(target, carryAttributesOver(target));
                   return 0;
               }),
               AudioFileTagError::fileChangedOnDisk(target.url));
     EXPECT_EQ(test::readFile(song()), "changed");
+}
+
+TEST_F(FileReplacement, TakesOverAttributesThatChangeAtTheLastMoment)
+{
+    const RewriteTarget target = rewriteTarget(m_folder.load(u"a.flac"_s));
+    test::writeFile(target.temporary, "new");
+    const AttributesDate carriedOver = carryAttributesOver(target);
+    constexpr mode_t changed = 0640;
+    // The clock of files ticks every few milliseconds.
+    ASSERT_TRUE(test::eventually([&] {
+        ::chmod(QFile::encodeName(song()).constData(), changed);
+        return carryAttributesOver(target) != carriedOver;
+    }));
+    ::chmod(QFile::encodeName(target.temporary).constData(), 0600);
+    replaceOriginal(target, carriedOver);
+    struct stat found = {};
+    ASSERT_EQ(::stat(QFile::encodeName(song()).constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & 07777, changed);
 }
 
 } // namespace tonearm
