@@ -25,6 +25,7 @@ using namespace tonearm;
 using namespace tonearm::bench;
 using namespace tonearm::test;
 using namespace Qt::StringLiterals;
+using Key = RowComparator::Key;
 
 namespace {
 
@@ -103,10 +104,16 @@ private:
         expectSelected(1);
         run("selecting all", 1, [](int) { press(Qt::Key_A, Qt::ControlModifier); });
         expectSelected(m_count);
-        run("sorting by title", 1, [&](int) { m_model.setSortOrder({{.key = RowComparator::Key::title}}); });
-        run("sorting by name", 1,
-            [&](int) { m_model.setSortOrder({{.key = RowComparator::Key::fileName}}); });
-        run("sorting as usual", 1, [&](int) { m_model.setSortOrder(defaultRowOrder()); });
+        // Each turns the rows round.
+        sort("sorting by title", {{.key = Key::title, .order = Qt::DescendingOrder}});
+        sort("sorting by title again", {{.key = Key::title}});
+        sort("sorting by name", {{.key = Key::fileName, .order = Qt::DescendingOrder}});
+        sort("sorting as usual", defaultRowOrder());
+    }
+
+    void sort(const char *what, const QList<RowComparator> &order)
+    {
+        run(what, 1, [&](int) { m_model.setSortOrder(order); });
     }
 
     void edit(const char *what)

@@ -142,6 +142,10 @@ public:
     /// Sorts the rows too.
     void setSortOrder(const QList<RowComparator> &order);
     void setSelection(const QSet<QUrl> &newSelection);
+    /// The same by the numbers of readable rows, in their order.
+    void selectPlaces(const QList<qsizetype> &places);
+    /// The numbers of the selected rows among `files`, from 0, in their order.
+    QList<qsizetype> selectedPlaces() const;
     /// In the order of `files`.
     QList<EditableAudioFile> selectedFiles() const;
     QString selectionSummary() const;
@@ -220,6 +224,8 @@ private:
         // In the order of the table.
         QList<EditableAudioFile> rows;
         QSet<QUrl> readable;
+        // Where those are among the rows.
+        QList<qsizetype> readablePlaces;
     };
 
     // A picture that is to be made ready for some files.
@@ -242,8 +248,12 @@ private:
 
     using SelectedTexts = std::array<SelectedText, allEditableTagFields.size()>;
 
-    static SelectedTexts textsOf(const QList<EditableAudioFile> &rows,
-                                 const QHash<QUrl, QMap<EditableTagField, QString>> &edits);
+    // The edits of each row.
+    using RowEdits = QList<FieldEdits>;
+
+    const RowEdits &rowEdits() const;
+    static SelectedTexts textsOf(const QList<EditableAudioFile> &rows, const QList<qsizetype> &places,
+                                 const RowEdits &edits);
     const SelectedText &selectedText(EditableTagField field) const;
 
     static bool isTaskOf(const std::stop_token &stop, const std::optional<TaskHandle> &task);
@@ -251,6 +261,7 @@ private:
 
     QCoro::Task<> loadFolder(QUrl folder, std::stop_token stop);
     QCoro::Task<> showFolder(QUrl folder, std::stop_token stop);
+    static ReadRows readRowsOf(const QList<EditableAudioFile> &rows);
     QCoro::Task<ReadRows> readRows(QList<QUrl> urls, std::stop_token stop);
     void leaveFolder();
 
@@ -293,17 +304,22 @@ private:
 
     AppSettings &m_settings;
     Services m_services;
-    mutable Remembered<QList<EditableAudioFile>, QList<EditableAudioFile>, QSet<QUrl>> m_selectedFiles;
-    mutable Remembered<SelectedTexts, QList<EditableAudioFile>, QHash<QUrl, QMap<EditableTagField, QString>>>
+    // To look thousands of files up by their URL takes long, so that what has been found out goes on by the
+    // rows' numbers.
+    mutable Remembered<QList<qsizetype>, SharedList<EditableAudioFile>, QSet<QUrl>> m_selectedPlaces;
+    mutable Remembered<RowEdits, SharedList<EditableAudioFile>, QHash<QUrl, FieldEdits>> m_rowEdits;
+    mutable Remembered<QList<EditableAudioFile>, SharedList<EditableAudioFile>, QList<qsizetype>>
+        m_selectedFiles;
+    mutable Remembered<SelectedTexts, SharedList<EditableAudioFile>, QList<qsizetype>, SharedList<FieldEdits>>
         m_selectedTexts;
-    mutable Remembered<QList<ArtworkIntent>, QList<EditableAudioFile>, QHash<QUrl, ArtworkIntent>>
+    mutable Remembered<QList<ArtworkIntent>, SharedList<EditableAudioFile>, QHash<QUrl, ArtworkIntent>>
         m_selectedIntents;
-    mutable Remembered<QSet<QString>, QList<EditableAudioFile>, QHash<QUrl, ArtworkFingerprint>>
+    mutable Remembered<QSet<QString>, SharedList<EditableAudioFile>, QHash<QUrl, ArtworkFingerprint>>
         m_selectedDigests;
-    mutable Remembered<QSet<QUrl>, QList<EditableAudioFile>, QHash<QUrl, ArtworkFingerprint>, qint64>
+    mutable Remembered<QSet<QUrl>, SharedList<EditableAudioFile>, QHash<QUrl, ArtworkFingerprint>, qint64>
         m_selectedOverBudget;
-    mutable Remembered<qsizetype, QList<EditableAudioFile>, TagChangeSet, QHash<QUrl, ArtworkFingerprint>,
-                       qint64>
+    mutable Remembered<qsizetype, SharedList<EditableAudioFile>, SharedList<FieldEdits>, TagChangeSet,
+                       QHash<QUrl, ArtworkFingerprint>, qint64>
         m_dirtyCount;
     std::optional<TaskHandle> m_loadTask;
     std::optional<TaskHandle> m_saveTask;

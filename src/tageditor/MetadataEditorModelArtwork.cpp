@@ -111,8 +111,10 @@ void MetadataEditorModel::apply(const PreparedCoverArt &prepared, const std::opt
 
 QSet<QUrl> MetadataEditorModel::selectedURLs() const
 {
+    const QList<EditableAudioFile> rows = selectedFiles();
     QSet<QUrl> urls;
-    for (const EditableAudioFile &row : selectedFiles())
+    urls.reserve(rows.size());
+    for (const EditableAudioFile &row : rows)
         urls.insert(row.url);
     return urls;
 }

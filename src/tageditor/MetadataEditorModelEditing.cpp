@@ -28,37 +28,42 @@ bool isDirtyWith(const EditableAudioFile &row, const TagChangeSet &pending, cons
     return isDirty(row, pending, isShrinking ? fingerprintIn(known, row.url) : std::nullopt, budget);
 }
 
-qsizetype countDirty(const QList<EditableAudioFile> &rows, const TagChangeSet &pending,
-                     const Fingerprints &known, qint64 budget)
+qsizetype countDirty(const QList<EditableAudioFile> &rows, const QList<FieldEdits> &edits,
+                     const TagChangeSet &pending, const Fingerprints &known, qint64 budget)
 {
-    if (pending == TagChangeSet())
-        return 0;
-    return std::count_if(rows.begin(), rows.end(), [&](const EditableAudioFile &row) {
-        return isDirtyWith(row, pending, known, budget);
-    });
+    const bool hasArtwork = !pending.artworkIntents.isEmpty() || !pending.optimizing.isEmpty();
+    qsizetype count = 0;
+    for (qsizetype row = 0; row < rows.size(); ++row)
+        if (hasArtwork ? isDirtyWith(rows[row], pending, known, budget)
+                       : !rows[row].unreadableReason && areTagsDirty(rows[row].tags, edits[row]))
+            ++count;
+    return count;
 }
 
 } // namespace
 
 void MetadataEditorModel::setValue(const QString &text, EditableTagField field)
 {
-    const QList<EditableAudioFile> rows = selectedFiles();
-    if (rows.isEmpty())
+    const QList<EditableAudioFile> &rows = files.value();
+    const QList<qsizetype> places = selectedPlaces();
+    if (places.isEmpty())
         return;
+    RowEdits edits = rowEdits();
     TagChangeSet edited = changes.value();
-    edited.fieldEdits.reserve(std::max(edited.fieldEdits.size(), rows.size()));
+    edited.fieldEdits.reserve(std::max(edited.fieldEdits.size(), places.size()));
     // Rows that were edited together share their edits, and go on sharing them.
-    QMap<EditableTagField, QString> before;
-    QMap<EditableTagField, QString> after{{field, text}};
-    for (const EditableAudioFile &row : rows) {
-        QMap<EditableTagField, QString> &edits = edited.fieldEdits[row.url];
-        if (edits != before) {
-            before = edits;
-            after = edits;
+    FieldEdits before;
+    FieldEdits after{{field, text}};
+    for (const qsizetype place : places) {
+        if (edits[place] != before) {
+            before = edits[place];
+            after = before;
             after.insert(field, text);
         }
-        edits = after;
+        edits[place] = after;
+        edited.fieldEdits.insert(rows[place].url, after);
     }
+    m_rowEdits.put(edits, rows, edited.fieldEdits);
     changes = std::move(edited);
     completionMessage = std::nullopt;
 }
@@ -80,8 +85,8 @@ bool MetadataEditorModel::isDirty(const EditableAudioFile &row) const
 
 qsizetype MetadataEditorModel::dirtyCount() const
 {
-    return m_dirtyCount.from(files.value(), changes.value(), artworkFingerprints.value(), artworkBudget(),
-                             countDirty);
+    return m_dirtyCount.from(files.value(), rowEdits(), changes.value(), artworkFingerprints.value(),
+                             artworkBudget(), countDirty);
 }
 
 bool MetadataEditorModel::hasPendingChanges() const

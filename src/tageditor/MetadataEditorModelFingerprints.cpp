@@ -37,8 +37,9 @@ void MetadataEditorModel::readArtwork()
     m_artworkTask.reset();
     publishArtwork();
     const QHash<QUrl, ArtworkFingerprint> known = artworkFingerprints.value();
+    const QList<EditableAudioFile> rows = selectedFiles();
     QList<EditableAudioFile> unknown;
-    for (const EditableAudioFile &row : selectedFiles())
+    for (const EditableAudioFile &row : rows)
         if (row.tags.hasAttachedPicture && !known.contains(row.url))
             unknown.append(row);
     m_isAwaitingArtwork = !unknown.isEmpty();

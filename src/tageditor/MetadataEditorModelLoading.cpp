@@ -69,17 +69,20 @@ QList<EditableAudioFile> rowsOf(const QList<QUrl> &urls, const QList<std::option
     return rows;
 }
 
-QSet<QUrl> readableURLs(const QList<EditableAudioFile> &rows)
-{
-    QSet<QUrl> urls;
-    urls.reserve(rows.size());
-    for (const EditableAudioFile &row : rows)
-        if (!row.unreadableReason)
-            urls.insert(row.url);
-    return urls;
-}
-
 } // namespace
+
+MetadataEditorModel::ReadRows MetadataEditorModel::readRowsOf(const QList<EditableAudioFile> &rows)
+{
+    ReadRows read{.rows = rows, .readable = {}, .readablePlaces = {}};
+    read.readable.reserve(rows.size());
+    for (qsizetype place = 0; place < rows.size(); ++place) {
+        if (rows[place].unreadableReason)
+            continue;
+        read.readable.insert(rows[place].url);
+        read.readablePlaces.append(place);
+    }
+    return read;
+}
 
 void MetadataEditorModel::chooseFolder()
 {
@@ -180,6 +183,7 @@ QCoro::Task<> MetadataEditorModel::showFolder(QUrl folder, std::stop_token stop)
     const ReadRows read = co_await readRows(listed.contents.files, stop);
     throwIfCancelled(stop);
     files = read.rows;
+    m_selectedPlaces.put(read.readablePlaces, read.rows, read.readable);
     selection = read.readable;
     readArtwork();
 }
@@ -206,8 +210,7 @@ QCoro::Task<MetadataEditorModel::ReadRows> MetadataEditorModel::readRows(QList<Q
     while (true) {
         const QList<RowComparator> order = sortOrder.value();
         const auto arranging = [urls, read, order] {
-            const QList<EditableAudioFile> rows = sortedRows(rowsOf(urls, read), order);
-            return ReadRows{rows, readableURLs(rows)};
+            return readRowsOf(sortedRows(rowsOf(urls, read), order));
         };
         const ReadRows arranged = co_await inBackground(arranging);
         // The user may have chosen another order meanwhile.

@@ -2,9 +2,7 @@
 // What is shown for the selected rows.
 #include "tageditor/MetadataEditorModel.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <iterator>
 
 namespace tonearm {
 
@@ -17,28 +15,33 @@ bool isSelected(const EditableAudioFile &row, const QSet<QUrl> &selection)
     return !row.unreadableReason && selection.contains(row.url);
 }
 
-QList<EditableAudioFile> rowsIn(const QList<EditableAudioFile> &rows, const QSet<QUrl> &selection)
+QList<qsizetype> placesOf(const QList<EditableAudioFile> &rows, const QSet<QUrl> &selection)
 {
-    QList<EditableAudioFile> selected;
-    if (selection.isEmpty())
-        return selected;
-    const auto wanted = [&](const EditableAudioFile &row) { return isSelected(row, selection); };
-    // Mostly one or all of them; all are shared instead of copied.
-    if (std::all_of(rows.begin(), rows.end(), wanted))
-        return rows;
-    std::copy_if(rows.begin(), rows.end(), std::back_inserter(selected), wanted);
-    return selected;
+    QList<qsizetype> places;
+    for (qsizetype row = 0; row < rows.size() && !selection.isEmpty(); ++row)
+        if (isSelected(rows[row], selection))
+            places.append(row);
+    return places;
 }
 
-using FieldEdits = QMap<EditableTagField, QString>;
-
-// Null if there is none.
-const QString *editOf(const FieldEdits *edits, EditableTagField field)
+// All rows are shared instead of copied.
+QList<EditableAudioFile> rowsAt(const QList<EditableAudioFile> &rows, const QList<qsizetype> &places)
 {
-    if (!edits)
-        return nullptr;
-    const auto edit = edits->constFind(field);
-    return edit == edits->constEnd() ? nullptr : &*edit;
+    if (places.size() == rows.size())
+        return rows;
+    QList<EditableAudioFile> found;
+    found.reserve(places.size());
+    for (const qsizetype place : places)
+        found.append(rows[place]);
+    return found;
+}
+
+QList<FieldEdits> editsOf(const QList<EditableAudioFile> &rows, const QHash<QUrl, FieldEdits> &edits)
+{
+    QList<FieldEdits> found(rows.size());
+    for (qsizetype row = 0; row < rows.size() && !edits.isEmpty(); ++row)
+        found[row] = edits.value(rows[row].url);
+    return found;
 }
 
 // Takes in one more value.
@@ -52,31 +55,36 @@ void join(CommonValue &common, const QString &value)
 
 } // namespace
 
-// Each row's edits are looked up once for all fields: this runs at every keystroke, with thousands of rows.
-MetadataEditorModel::SelectedTexts
-MetadataEditorModel::textsOf(const QList<EditableAudioFile> &rows,
-                             const QHash<QUrl, QMap<EditableTagField, QString>> &edits)
+// This runs at every keystroke, with thousands of rows.
+MetadataEditorModel::SelectedTexts MetadataEditorModel::textsOf(const QList<EditableAudioFile> &rows,
+                                                                const QList<qsizetype> &places,
+                                                                const RowEdits &edits)
 {
     SelectedTexts texts;
-    texts.fill({.shown = {}, .stored = {}, .isEditedEverywhere = !rows.isEmpty()});
-    for (const EditableAudioFile &row : rows) {
-        const auto found = edits.constFind(row.url);
-        const FieldEdits *rowEdits = found == edits.constEnd() ? nullptr : &*found;
+    texts.fill({.shown = {}, .stored = {}, .isEditedEverywhere = !places.isEmpty()});
+    for (const qsizetype place : places) {
+        const FieldEdits &rowEdits = edits[place];
         for (const EditableTagField field : allEditableTagFields) {
             SelectedText &text = texts.at(std::size_t(field));
-            const QString &stored = row.tags.value(field);
-            const QString *edit = editOf(rowEdits, field);
+            const QString &stored = rows[place].tags.value(field);
+            const auto edit = rowEdits.constFind(field);
+            const bool isEdited = edit != rowEdits.constEnd();
             join(text.stored, stored);
-            join(text.shown, edit ? *edit : stored);
-            text.isEditedEverywhere = text.isEditedEverywhere && edit;
+            join(text.shown, isEdited ? *edit : stored);
+            text.isEditedEverywhere = text.isEditedEverywhere && isEdited;
         }
     }
     return texts;
 }
 
+const MetadataEditorModel::RowEdits &MetadataEditorModel::rowEdits() const
+{
+    return m_rowEdits.from(files.value(), changes.value().fieldEdits, editsOf);
+}
+
 const MetadataEditorModel::SelectedText &MetadataEditorModel::selectedText(EditableTagField field) const
 {
-    return m_selectedTexts.from(selectedFiles(), changes.value().fieldEdits, textsOf).at(std::size_t(field));
+    return m_selectedTexts.from(files.value(), selectedPlaces(), rowEdits(), textsOf).at(std::size_t(field));
 }
 
 void MetadataEditorModel::setSortOrder(const QList<RowComparator> &order)
@@ -87,27 +95,38 @@ void MetadataEditorModel::setSortOrder(const QList<RowComparator> &order)
 
 void MetadataEditorModel::setSelection(const QSet<QUrl> &newSelection)
 {
-    QSet<QUrl> selectable;
-    selectable.reserve(newSelection.size());
-    for (const EditableAudioFile &row : files.value())
-        if (isSelected(row, newSelection))
-            selectable.insert(row.url);
-    if (selectable == selection.value())
+    selectPlaces(placesOf(files.value(), newSelection));
+}
+
+void MetadataEditorModel::selectPlaces(const QList<qsizetype> &places)
+{
+    const QList<EditableAudioFile> &rows = files.value();
+    QSet<QUrl> selected;
+    selected.reserve(places.size());
+    for (const qsizetype place : places)
+        selected.insert(rows[place].url);
+    if (selected == selection.value())
         return;
-    selection = selectable;
+    m_selectedPlaces.put(places, rows, selected);
+    selection = selected;
     readArtwork();
+}
+
+QList<qsizetype> MetadataEditorModel::selectedPlaces() const
+{
+    return m_selectedPlaces.from(files.value(), selection.value(), placesOf);
 }
 
 QList<EditableAudioFile> MetadataEditorModel::selectedFiles() const
 {
-    return m_selectedFiles.from(files.value(), selection.value(), rowsIn);
+    return m_selectedFiles.from(files.value(), selectedPlaces(), rowsAt);
 }
 
 QString MetadataEditorModel::selectionSummary() const
 {
     const qsizetype count = files.value().size();
     return u"%1 %2 · %3 selected"_s.arg(QString::number(count), count == 1 ? u"file"_s : u"files"_s,
-                                        QString::number(selectedFiles().size()));
+                                        QString::number(selectedPlaces().size()));
 }
 
 CommonValue MetadataEditorModel::commonValue(EditableTagField field) const
@@ -128,9 +147,10 @@ QString placeholderOf(EditableTagField field, const CommonValue &common)
 QStringList MetadataEditorModel::genreSuggestions() const
 {
     const QList<Genre> offered = m_services.genres.defaults();
+    const QList<EditableAudioFile> rows = selectedFiles();
     QSet<QString> seen;
     QStringList suggestions;
-    for (const EditableAudioFile &row : selectedFiles()) {
+    for (const EditableAudioFile &row : rows) {
         const QString &genre = row.tags.genre;
         if (genre.isEmpty() || seen.contains(genre))
             continue;
@@ -157,7 +177,7 @@ std::optional<QString> MetadataEditorModel::overwriteWarning() const
     if (overwrittenFields().isEmpty())
         return std::nullopt;
     return u"This value will be applied to all %1 selected files, replacing the different values they have now."_s
-        .arg(selectedFiles().size());
+        .arg(selectedPlaces().size());
 }
 
 } // namespace tonearm

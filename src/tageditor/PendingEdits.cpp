@@ -5,8 +5,6 @@ namespace tonearm {
 
 namespace {
 
-using FieldEdits = QMap<EditableTagField, QString>;
-
 // Null if the row has none.
 const FieldEdits *editsOf(const EditableAudioFile &row, const TagChangeSet &changes)
 {
@@ -24,18 +22,6 @@ std::optional<QString> editOf(const EditableAudioFile &row, EditableTagField fie
     return edit == edits->constEnd() ? std::nullopt : std::optional(*edit);
 }
 
-// A stored tag isn't brought into its normal form: "01" typed over "01" is a change to "1".
-bool areTagsDirty(const EditableAudioFile &row, const TagChangeSet &changes)
-{
-    const FieldEdits *edits = editsOf(row, changes);
-    if (!edits)
-        return false;
-    for (auto edit = edits->constBegin(); edit != edits->constEnd(); ++edit)
-        if (normalForm(edit.key(), *edit) != row.tags.value(edit.key()))
-            return true;
-    return false;
-}
-
 bool holdsPicture(const EditableAudioFile &row, const TagChangeSet &changes)
 {
     switch (artworkIntent(row, changes).kind) {
@@ -45,20 +31,6 @@ bool holdsPicture(const EditableAudioFile &row, const TagChangeSet &changes)
         return false;
     case ArtworkIntent::Kind::untouched:
         return row.tags.hasAttachedPicture;
-    }
-    Q_UNREACHABLE();
-}
-
-bool isArtworkDirty(const EditableAudioFile &row, const TagChangeSet &changes,
-                    const std::optional<ArtworkFingerprint> &fingerprint, qint64 budget)
-{
-    switch (artworkIntent(row, changes).kind) {
-    case ArtworkIntent::Kind::replace:
-        return true;
-    case ArtworkIntent::Kind::remove:
-        return row.tags.hasAttachedPicture;
-    case ArtworkIntent::Kind::untouched:
-        return changes.optimizing.contains(row.url) && isOverBudget(fingerprint, budget);
     }
     Q_UNREACHABLE();
 }
@@ -100,11 +72,36 @@ bool isOverBudget(const std::optional<ArtworkFingerprint> &fingerprint, qint64 b
     return fingerprint && fingerprint->byteCount > budget;
 }
 
+// A stored tag isn't brought into its normal form: "01" typed over "01" is a change to "1".
+bool areTagsDirty(const AudioFileTags &tags, const FieldEdits &edits)
+{
+    for (auto edit = edits.constBegin(); edit != edits.constEnd(); ++edit)
+        if (normalForm(edit.key(), *edit) != tags.value(edit.key()))
+            return true;
+    return false;
+}
+
+bool isArtworkDirty(const EditableAudioFile &row, const TagChangeSet &changes,
+                    const std::optional<ArtworkFingerprint> &fingerprint, qint64 budget)
+{
+    switch (artworkIntent(row, changes).kind) {
+    case ArtworkIntent::Kind::replace:
+        return true;
+    case ArtworkIntent::Kind::remove:
+        return row.tags.hasAttachedPicture;
+    case ArtworkIntent::Kind::untouched:
+        return changes.optimizing.contains(row.url) && isOverBudget(fingerprint, budget);
+    }
+    Q_UNREACHABLE();
+}
+
 bool isDirty(const EditableAudioFile &row, const TagChangeSet &changes,
              const std::optional<ArtworkFingerprint> &fingerprint, qint64 budget)
 {
-    return !row.unreadableReason &&
-           (areTagsDirty(row, changes) || isArtworkDirty(row, changes, fingerprint, budget));
+    if (row.unreadableReason)
+        return false;
+    const FieldEdits *edits = editsOf(row, changes);
+    return (edits && areTagsDirty(row.tags, *edits)) || isArtworkDirty(row, changes, fingerprint, budget);
 }
 
 } // namespace tonearm

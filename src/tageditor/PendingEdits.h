@@ -27,6 +27,13 @@ ArtworkIntent artworkIntent(const EditableAudioFile &row, const TagChangeSet &ch
 /// Whether a picture is larger than a budget in bytes; one that isn't known isn't.
 bool isOverBudget(const std::optional<ArtworkFingerprint> &fingerprint, qint64 budget);
 
+/// Whether a save would change a file's tags.
+bool areTagsDirty(const AudioFileTags &tags, const FieldEdits &edits);
+
+/// Whether a save would change the file's picture. `budget` and `fingerprint` are those of isDirty().
+bool isArtworkDirty(const EditableAudioFile &row, const TagChangeSet &changes,
+                    const std::optional<ArtworkFingerprint> &fingerprint, qint64 budget);
+
 /// Whether a save would change the file. `budget`, in bytes, is the limit for pictures to be shrunk;
 /// `fingerprint` is absent while it isn't known.
 bool isDirty(const EditableAudioFile &row, const TagChangeSet &changes,

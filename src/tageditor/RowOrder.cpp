@@ -8,6 +8,7 @@
 #include <limits>
 #include <numeric>
 #include <utility>
+#include <vector>
 
 namespace tonearm {
 
@@ -15,70 +16,76 @@ namespace {
 
 using Key = RowComparator::Key;
 
-// What all rows are compared by for one rule: numbers or texts. Taken from the rows once, since thousands of
-// rows are compared many thousand times.
-struct SortKeys
+// What rows are compared by for one rule: numbers or texts. Taken from each row once, since thousands of rows
+// are compared many thousand times; a text only when the rules in front have found no difference.
+class SortKeys
 {
-    int compare(qsizetype first, qsizetype second) const
+public:
+    SortKeys(const QList<EditableAudioFile> &rows, RowComparator rule)
+        : m_rows(rows)
+        , m_rule(rule)
+    {
+        if (rule.key == Key::discNumber)
+            takeNumbers(discSortKey);
+        else if (rule.key == Key::trackPosition)
+            takeNumbers(trackSortKey);
+        else
+            m_texts.resize(rows.size());
+    }
+
+    int compare(qsizetype first, qsizetype second)
     {
         int result = 0;
-        if (!texts.isEmpty())
-            result = texts[first].compare(texts[second]);
-        else if (numbers[first] != numbers[second])
-            result = numbers[first] < numbers[second] ? -1 : 1;
-        return order == Qt::AscendingOrder ? result : -result;
+        if (!m_texts.isEmpty())
+            result = text(first).compare(text(second));
+        else if (m_numbers[first] != m_numbers[second])
+            result = m_numbers[first] < m_numbers[second] ? -1 : 1;
+        return m_rule.order == Qt::AscendingOrder ? result : -result;
     }
 
-    Qt::SortOrder order = Qt::AscendingOrder;
-    QList<qint64> numbers = {};
-    QStringList texts = {};
+private:
+    void takeNumbers(qint64 (*keyOf)(const AudioFileTags &))
+    {
+        m_numbers.reserve(m_rows.size());
+        for (const EditableAudioFile &row : m_rows)
+            m_numbers.append(keyOf(row.tags));
+    }
+
+    const QString &text(qsizetype row)
+    {
+        QString &known = m_texts[row];
+        if (known.isNull())
+            known = textOf(m_rows[row]);
+        return known;
+    }
+
+    QString textOf(const EditableAudioFile &row) const
+    {
+        switch (m_rule.key) {
+        case Key::fileName:
+            return lastPathComponent(row.url);
+        case Key::artist:
+            return row.tags.artist;
+        case Key::album:
+            return row.tags.album;
+        case Key::title:
+            return row.tags.title;
+        case Key::year:
+            return row.tags.year;
+        case Key::genre:
+            return row.tags.genre;
+        case Key::discNumber:
+        case Key::trackPosition:
+            break;
+        }
+        Q_UNREACHABLE();
+    }
+
+    const QList<EditableAudioFile> &m_rows;
+    RowComparator m_rule;
+    QList<qint64> m_numbers;
+    QStringList m_texts;
 };
-
-template <typename Value, typename KeyOf>
-QList<Value> eachOf(const QList<EditableAudioFile> &rows, KeyOf keyOf)
-{
-    QList<Value> keys;
-    keys.reserve(rows.size());
-    for (const EditableAudioFile &row : rows)
-        keys.append(keyOf(row));
-    return keys;
-}
-
-SortKeys byNumber(const QList<EditableAudioFile> &rows, qint64 (*keyOf)(const AudioFileTags &))
-{
-    return {.numbers =
-                eachOf<qint64>(rows, [keyOf](const EditableAudioFile &row) { return keyOf(row.tags); })};
-}
-
-SortKeys byTag(const QList<EditableAudioFile> &rows, EditableTagField field)
-{
-    return {.texts = eachOf<QString>(
-                rows, [field](const EditableAudioFile &row) { return row.tags.value(field); })};
-}
-
-SortKeys keysOf(const QList<EditableAudioFile> &rows, Key key)
-{
-    switch (key) {
-    case Key::fileName:
-        return {.texts = eachOf<QString>(
-                    rows, [](const EditableAudioFile &row) { return lastPathComponent(row.url); })};
-    case Key::discNumber:
-        return byNumber(rows, discSortKey);
-    case Key::trackPosition:
-        return byNumber(rows, trackSortKey);
-    case Key::artist:
-        return byTag(rows, EditableTagField::artist);
-    case Key::album:
-        return byTag(rows, EditableTagField::album);
-    case Key::title:
-        return byTag(rows, EditableTagField::title);
-    case Key::year:
-        return byTag(rows, EditableTagField::year);
-    case Key::genre:
-        return byTag(rows, EditableTagField::genre);
-    }
-    Q_UNREACHABLE();
-}
 
 } // namespace
 
@@ -107,13 +114,11 @@ QList<RowComparator> rowOrderLedBy(RowComparator::Key key, QList<RowComparator> 
 
 QList<EditableAudioFile> sortedRows(const QList<EditableAudioFile> &rows, const QList<RowComparator> &order)
 {
-    QList<SortKeys> rules;
-    for (const RowComparator &rule : order) {
-        rules.append(keysOf(rows, rule.key));
-        rules.last().order = rule.order;
-    }
-    const auto comesFirst = [&rules = std::as_const(rules)](qsizetype first, qsizetype second) {
-        for (const SortKeys &keys : rules)
+    std::vector<SortKeys> rules;
+    for (const RowComparator &rule : order)
+        rules.emplace_back(rows, rule);
+    const auto comesFirst = [&rules](qsizetype first, qsizetype second) {
+        for (SortKeys &keys : rules)
             if (const int result = keys.compare(first, second); result != 0)
                 return result < 0;
         return false;

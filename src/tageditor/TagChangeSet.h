@@ -31,11 +31,13 @@ struct ArtworkIntent
     bool operator==(const ArtworkIntent &) const = default;
 };
 
+/// What the user typed for a file, as typed.
+using FieldEdits = QMap<EditableTagField, QString>;
+
 /// The edits that wait for a save, by file.
 struct TagChangeSet
 {
-    /// What the user typed, as typed.
-    QHash<QUrl, QMap<EditableTagField, QString>> fieldEdits;
+    QHash<QUrl, FieldEdits> fieldEdits;
     /// A file without an entry is untouched.
     QHash<QUrl, ArtworkIntent> artworkIntents;
     /// Files whose embedded picture is to be shrunk.

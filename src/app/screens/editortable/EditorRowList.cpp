@@ -98,15 +98,10 @@ void EditorRowList::showSelection()
 
 QBitArray EditorRowList::selectedInModel() const
 {
-    // They come in the order of the rows.
-    const QList<EditableAudioFile> selected = m_model.selectedFiles();
-    const QList<EditableAudioFile> &files = m_rows->files();
-    QBitArray rows(files.size());
-    auto next = selected.begin();
-    for (qsizetype row = 0; row < files.size() && next != selected.end(); ++row) {
-        rows.setBit(row, next->url == files[row].url);
-        next += rows.testBit(row) ? 1 : 0;
-    }
+    QBitArray rows(m_rows->files().size());
+    const QList<qsizetype> selected = m_model.selectedPlaces();
+    for (const qsizetype row : selected)
+        rows.setBit(row);
     return rows;
 }
 
@@ -144,12 +139,11 @@ void EditorRowList::selectionChanged(const QItemSelection &selected, const QItem
     if (m_isFollowing)
         return;
     const QBitArray rows = highlighted();
-    QSet<QUrl> urls;
-    urls.reserve(rows.count(true));
+    QList<qsizetype> places;
     for (qsizetype row = 0; row < rows.size(); ++row)
         if (rows.testBit(row))
-            urls.insert(m_rows->files()[row].url);
-    m_model.setSelection(urls);
+            places.append(row);
+    m_model.selectPlaces(places);
 }
 
 // Qt would look up the place of every changed cell, in view or not.

@@ -6,8 +6,6 @@
 #include "support/PathText.h"
 #include "tageditor/PendingEdits.h"
 
-#include <QHash>
-
 #include <algorithm>
 #include <utility>
 
@@ -50,17 +48,14 @@ void EditorRows::rearrange(const QList<EditableAudioFile> &files)
 {
     Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList earlier = persistentIndexList();
-    // Mostly there is none, or just the current one.
-    QHash<QUrl, int> places;
-    for (const QModelIndex &index : earlier)
-        places.insert(m_files[index.row()].url, -1);
-    for (int row = 0; !places.isEmpty() && row < files.size(); ++row)
-        if (const auto place = places.find(files[row].url); place != places.end())
-            *place = row;
     QModelIndexList later;
+    // Mostly there is none, or just the current one.
     for (const QModelIndex &index : earlier) {
-        const int row = places.value(m_files[index.row()].url);
-        later.append(row < 0 ? QModelIndex() : createIndex(row, index.column()));
+        const auto found = std::find_if(
+            files.begin(), files.end(),
+            [&url = m_files[index.row()].url](const EditableAudioFile &file) { return file.url == url; });
+        later.append(found == files.end() ? QModelIndex()
+                                          : createIndex(int(found - files.begin()), index.column()));
     }
     m_files = files;
     changePersistentIndexList(earlier, later);
