@@ -27,9 +27,9 @@ constexpr mode_t folderMode = 0555;
 // A disc doesn't change as long as it is mounted.
 constexpr double namesStaySeconds = 86400;
 
-const FuseVolume &volume()
+FuseVolume &volume()
 {
-    return *static_cast<const FuseVolume *>(fuse_get_context()->private_data);
+    return *static_cast<FuseVolume *>(fuse_get_context()->private_data);
 }
 
 TrackReader *readerOf(const fuse_file_info *info)
@@ -90,7 +90,7 @@ int onOpen(const char *path, fuse_file_info *info)
         return -EROFS;
     if (!file->track)
         return 0;
-    info->fh = reinterpret_cast<std::uint64_t>(new TrackReader(volume().sectors(), *file->track));
+    info->fh = reinterpret_cast<std::uint64_t>(&volume().open(*file->track));
     // Past the kernel's cache: a second reading has to come from the disc.
     info->direct_io = 1;
     return 0;
@@ -115,7 +115,7 @@ int onRead(const char *path, char *out, size_t size, off_t offset, fuse_file_inf
 
 int onRelease(const char *, fuse_file_info *info)
 {
-    delete readerOf(info);
+    volume().close(readerOf(info));
     return 0;
 }
 
@@ -206,6 +206,21 @@ const VolumeFile *FuseVolume::find(const QByteArray &path) const
 {
     const auto found = m_byPath.find(path);
     return found == m_byPath.end() ? nullptr : found->second;
+}
+
+TrackReader &FuseVolume::open(const AudioTrack &track)
+{
+    auto reader = std::make_unique<TrackReader>(m_sectors, track);
+    TrackReader &opened = *reader;
+    const std::scoped_lock lock(m_lock);
+    m_readers.emplace(&opened, std::move(reader));
+    return opened;
+}
+
+void FuseVolume::close(const TrackReader *reader)
+{
+    const std::scoped_lock lock(m_lock);
+    m_readers.erase(reader);
 }
 
 void FuseVolume::Destroy::operator()(fuse *handle) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cddafs/SectorSource.h"
+#include "cddafs/TrackReader.h"
 #include "cddafs/Volume.h"
 
 #include <QByteArray>
@@ -12,6 +13,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 
 struct fuse;
@@ -42,7 +44,10 @@ public:
 
     const QList<VolumeFile> &files() const { return m_files; }
 
-    SectorSource &sectors() const { return m_sectors; }
+    /// A track as somebody who opens its file reads it: until that is closed, or the volume goes.
+    /// Thread-safe.
+    TrackReader &open(const AudioTrack &track);
+    void close(const TrackReader *reader);
 
 private:
     struct Destroy
@@ -54,6 +59,9 @@ private:
     SectorSource &m_sectors;
     // By path.
     std::map<QByteArray, const VolumeFile *> m_byPath;
+    std::mutex m_lock;
+    // Of the files that are open: one that is so when the volume goes is never closed.
+    std::map<const TrackReader *, std::unique_ptr<TrackReader>> m_readers;
     std::unique_ptr<fuse, Destroy> m_fuse;
 };
 

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QThread>
 
 #include <atomic>
@@ -18,7 +19,7 @@ TEST(SessionDesktop, IsSilentWithoutABus)
     std::atomic<int> openings = 0;
     std::atomic<bool> isOnMainThread = false;
     const auto open = [&] {
-        isOnMainThread = isOnMainThread || QThread::currentThread() == qApp->thread();
+        isOnMainThread = isOnMainThread || QThread::currentThread() == QCoreApplication::instance()->thread();
         ++openings;
         return QDBusConnection(u"nobody"_s);
     };
