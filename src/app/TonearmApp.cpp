@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TonearmApp.h"
 
+#include "app/screens/elements/AfterFirstFrame.h"
+#include "app/screens/elements/AppIcon.h"
 #include "app/screens/elements/WindowFront.h"
 #include "platform/SystemBus.h"
 
@@ -64,6 +66,8 @@ TonearmApp::TonearmApp(const QString &settingsFile, const QString &sizesFile,
 void TonearmApp::openMainWindow()
 {
     mainWindow().show();
+    // Drawn in all sizes that a desktop may want, which takes a while.
+    afterFirstFrame(&mainWindow(), [] { QGuiApplication::setWindowIcon(applicationIcon()); });
     checkTools();
     watchDiscs();
     watchDrives();

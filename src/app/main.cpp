@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/LaunchRequest.h"
 #include "app/TonearmApp.h"
-#include "app/screens/elements/AppIcon.h"
 #include "support/ResourceFolder.h"
 #include "support/StateFolder.h"
 
@@ -83,7 +82,6 @@ int main(int argc, char **argv)
         break;
     }
     const QApplication application(argc, argv);
-    QGuiApplication::setWindowIcon(tonearm::applicationIcon());
     const tonearm::LaunchRequest request =
         tonearm::readLaunchRequest(QApplication::arguments(), QDir::currentPath());
     if (!request.problem.isEmpty()) {
