@@ -51,6 +51,8 @@ namespace tonearm {
 class MetadataEditorModel
 {
 public:
+    static constexpr std::chrono::milliseconds usualArtworkDelay{150};
+
     /// What the model works with. The references have to outlive it.
     struct Services
     {
@@ -59,8 +61,8 @@ public:
         std::shared_ptr<ArtworkFolder> artworkFolder;
         const GenreCatalog &genres;
         Panels &panels;
-        /// How long a selection has to stand before its artwork is read.
-        std::chrono::milliseconds artworkDelay = std::chrono::milliseconds(150);
+        /// How long a selection has to stand before its artwork is read; shorter in tests.
+        std::chrono::milliseconds artworkDelay = usualArtworkDelay;
     };
 
     MetadataEditorModel(AppSettings &settings, Services services);
@@ -116,6 +118,9 @@ public:
     /// be decoded.
     QProperty<QHash<QUrl, ArtworkFingerprint>> artworkFingerprints;
     QProperty<bool> isReadingArtwork;
+    /// A chosen picture is being made ready. It counts as an edit already, and a save has to wait for it: one
+    /// that began without it would write some files with the old picture and take the rest for done.
+    QProperty<bool> isPreparingArtwork;
     // The two of the chosen picture are set and cleared together.
     /// The picture that the latest intents to replace one name.
     QProperty<std::optional<PreparedCoverArt>> chosenArtwork;

@@ -57,15 +57,17 @@ void MetadataEditorModel::requestArtwork(const QUrl &image, bool isAlertWanted)
                               .budget = isOptimizing() ? std::optional(artworkBudget()) : std::nullopt,
                               .targets = selectedURLs(),
                               .isAlertWanted = isAlertWanted});
-    if (!m_preparationTask)
-        m_preparationTask =
-            m_tasks.start([this](std::stop_token stop) { return carryOutArtworkRequests(stop); });
+    if (m_preparationTask)
+        return;
+    isPreparingArtwork = true;
+    m_preparationTask = m_tasks.start([this](std::stop_token stop) { return carryOutArtworkRequests(stop); });
 }
 
 void MetadataEditorModel::cancelArtworkRequests()
 {
     cancel(m_preparationTask);
     m_preparationTask.reset();
+    isPreparingArtwork = false;
     m_artworkRequests.clear();
 }
 
@@ -75,8 +77,10 @@ QCoro::Task<> MetadataEditorModel::carryOutArtworkRequests(std::stop_token stop)
         const ArtworkRequest request = m_artworkRequests.takeFirst();
         co_await carryOut(request, stop);
     }
-    if (isTaskOf(stop, m_preparationTask))
+    if (isTaskOf(stop, m_preparationTask)) {
         m_preparationTask.reset();
+        isPreparingArtwork = false;
+    }
 }
 
 QCoro::Task<> MetadataEditorModel::carryOut(ArtworkRequest request, std::stop_token stop)

@@ -91,12 +91,13 @@ qsizetype MetadataEditorModel::dirtyCount() const
 
 bool MetadataEditorModel::hasPendingChanges() const
 {
-    return dirtyCount() > 0;
+    return isPreparingArtwork.value() || dirtyCount() > 0;
 }
 
 bool MetadataEditorModel::canSave() const
 {
-    return hasPendingChanges() && !isSaving.value() && !isLoading.value() && !ffmpegProblem.value();
+    return dirtyCount() > 0 && !isPreparingArtwork.value() && !isSaving.value() && !isLoading.value() &&
+           !ffmpegProblem.value();
 }
 
 } // namespace tonearm

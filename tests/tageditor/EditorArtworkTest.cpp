@@ -79,6 +79,35 @@ protected:
 
 } // namespace
 
+TEST_F(EditorArtwork, IsReadForASelectionThatStandsForSomeTime)
+{
+    EXPECT_EQ(MetadataEditorModel::usualArtworkDelay, std::chrono::milliseconds(150));
+}
+
+TEST_F(EditorArtwork, ThatIsBeingMadeReadyCountsAsAnEditThatASaveWaitsFor)
+{
+    show({rowOf(u"a"_s), rowOf(u"b"_s)});
+    m_model.setValue(u"New"_s, EditableTagField::title);
+    ASSERT_TRUE(m_model.canSave());
+    const QUrl cover = m_fixture.makeNoise(u"cover.jpg"_s, 60);
+    ASSERT_TRUE(m_model.acceptImage(cover));
+    EXPECT_FALSE(m_model.canSave());
+    m_model.setValue({}, EditableTagField::title);
+    EXPECT_TRUE(m_model.hasPendingChanges());
+    EXPECT_TRUE(test::eventually([this] { return m_model.canSave(); }));
+    EXPECT_EQ(m_model.chosenArtwork.value()->originalURL, cover);
+}
+
+TEST_F(EditorArtwork, ThatIsRefusedHoldsUpNoSave)
+{
+    show({rowOf(u"a"_s)});
+    m_model.setValue(u"New"_s, EditableTagField::title);
+    ASSERT_TRUE(m_model.acceptImage(m_fixture.url(u"missing.jpg"_s)));
+    EXPECT_FALSE(m_model.canSave());
+    EXPECT_TRUE(test::eventually([this] { return m_model.canSave(); }));
+    EXPECT_TRUE(m_model.alert.value());
+}
+
 TEST_F(EditorArtwork, OfNoSelectionIsANote)
 {
     EXPECT_EQ(m_model.artworkState(), State::note(u"No selection"_s));

@@ -107,7 +107,7 @@ QWidget *EditorArtworkColumn::makeToggle()
 void EditorArtworkColumn::fillMenu(QMenu &menu)
 {
     QAction *choose = menu.addAction(u"Choose…"_s, this, [this] { m_model.chooseArtwork(); });
-    choose->setEnabled(!m_model.selection.value().isEmpty());
+    choose->setEnabled(!m_model.selectedPlaces().isEmpty());
     menu.addSeparator();
     QAction *viewing = menu.addAction(u"View Artwork"_s, this, [this] { view(); });
     viewing->setEnabled(m_model.artworkForViewer().has_value());
