@@ -13,6 +13,7 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <cstdlib>
@@ -165,12 +166,16 @@ void ArtworkWindow::showEvent(QShowEvent *event)
 
 void ArtworkWindow::fit()
 {
+    if (isMaximized() || isFullScreen())
+        return;
     const QSize picture = m_size.value_or(QSize(sideWhereUnknown, sideWhereUnknown));
     const QSize margins = frameGeometry().size() - size();
     const std::optional<QRect> free = screen() ? std::optional(screen()->availableGeometry()) : std::nullopt;
     const QRect frame = fittedFrame(picture, frameGeometry(), margins, free);
     resize(frame.size() - margins);
-    move(frame.topLeft());
+    // Where a window opens is the desktop's business.
+    if (windowHandle()->isExposed())
+        move(frame.topLeft());
 }
 
 } // namespace tonearm
