@@ -43,7 +43,7 @@ void IconLabel::paintEvent(QPaintEvent *event)
     QLabel::paintEvent(event);
     const int side = iconSide();
     const int firstLine = qMax(side, fontMetrics().height());
-    const QRect start(0, contentsRect().top(), side, firstLine);
+    const QRect start(0, contentsRect().top() - roomAbove(), side, firstLine);
     QPainter painter(this);
     const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     paintIcon(painter, QStyle::visualRect(layoutDirection(), rect(), start), m_name,
@@ -62,10 +62,16 @@ int IconLabel::iconSide() const
     return qMax(smallestIcon, fontMetrics().ascent());
 }
 
+// Above the first line, for an icon that is higher than that.
+int IconLabel::roomAbove() const
+{
+    return qMax(0, (iconSide() - fontMetrics().height() + 1) / 2);
+}
+
 void IconLabel::makeRoom()
 {
     const int room = iconSide() + gap;
-    const int above = qMax(0, (iconSide() - fontMetrics().height() + 1) / 2);
+    const int above = roomAbove();
     // At the icon's side, whichever way the text itself runs.
     setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute |
                  Qt::AlignTop);

@@ -31,6 +31,7 @@ protected:
 
 private:
     int iconSide() const;
+    int roomAbove() const;
     void makeRoom();
 
     IconName m_name;
