@@ -207,6 +207,8 @@ QCoro::Task<MetadataEditorModel::ReadRows> MetadataEditorModel::readRows(QList<Q
             },
     };
     co_await readBounded(places, reading, stop);
+    if (stop.stop_requested())
+        co_return ReadRows();
     while (true) {
         const QList<RowComparator> order = sortOrder.value();
         const auto arranging = [urls, read, order] {

@@ -94,6 +94,8 @@ TEST_F(BothOf, TellsAFailureOfTheSecond)
     second.failure = "the second";
     begin();
     second.end();
+    ASSERT_TRUE(test::eventually([this] { return second.hasEnded; }));
+    EXPECT_EQ(end, "");
     first.end();
     EXPECT_TRUE(test::eventually([this] { return end == "the second"; }));
 }

@@ -114,7 +114,8 @@ TEST_F(EditorLoading, TellsOfAFolderThatCantBeRead)
     m_fixture.open(m_fixture.url(u"none"_s));
     ASSERT_TRUE(m_model.alert.value());
     EXPECT_EQ(m_model.alert.value()->title, u"Couldn't Read That Folder"_s);
-    EXPECT_FALSE(m_model.alert.value()->message.isEmpty());
+    EXPECT_EQ(m_model.alert.value()->message,
+              m_fixture.url(u"none"_s).toLocalFile() + u": No such file or directory."_s);
     EXPECT_TRUE(m_model.files.value().isEmpty());
     EXPECT_EQ(m_model.skippedAudioCount.value(), 1);
     EXPECT_EQ(m_model.folderURL.value(), m_fixture.url(u"none"_s));

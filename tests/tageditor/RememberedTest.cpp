@@ -43,10 +43,31 @@ TEST_F(RememberedTest, IsWorkedOutAgainForAnyOther)
     EXPECT_EQ(timesWorkedOut, 3);
 }
 
+TEST_F(RememberedTest, IsTakenOverFromOneWhoHasIt)
+{
+    remembered.put(13, {1, 2}, 10);
+    EXPECT_EQ(sum({1, 2}, 10), 13);
+    EXPECT_EQ(timesWorkedOut, 0);
+    EXPECT_EQ(sum({1, 2}, 11), 14);
+    EXPECT_EQ(timesWorkedOut, 1);
+}
+
 TEST_F(RememberedTest, IsWorkedOutForWhatIsEmptyToo)
 {
     EXPECT_EQ(sum({}, 0), 0);
     EXPECT_EQ(timesWorkedOut, 1);
+}
+
+TEST(SharedList, IsTheSameOnlyAsItsCopies)
+{
+    const QList<int> numbers = {1, 2};
+    const SharedList<int> list(numbers);
+    EXPECT_TRUE(list == SharedList<int>(numbers));
+    EXPECT_FALSE(list == SharedList<int>(QList<int>({1, 2})));
+    QList<int> changed = numbers;
+    changed[0] = 3;
+    EXPECT_FALSE(list == SharedList<int>(changed));
+    EXPECT_TRUE(SharedList<int>() == SharedList<int>());
 }
 
 } // namespace tonearm

@@ -7,14 +7,9 @@ namespace tonearm {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-using Kind = SaveBarState::Kind;
-
-} // namespace
-
 SaveBarState saveBarState(const MetadataEditorModel &model)
 {
+    using Kind = SaveBarState::Kind;
     if (model.isSaving.value())
         return {Kind::saving};
     if (const std::optional<QString> message = model.completionMessage.value()) {
