@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Saving: which files are written, what is asked, and what is told.
+#include "tageditor/EditorSave.h"
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
-#include "helpers/EditorFixture.h"
 #include "helpers/Mutagen.h"
 #include "helpers/Printing.h"
-#include "helpers/ToldFFmpeg.h"
 #include "tageditor/FilePath.h"
 
 #include <gtest/gtest.h>
@@ -15,71 +14,8 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
-using test::EditorFixture;
-using test::tagList;
+using test::EditorSave;
 using Field = EditableTagField;
-
-namespace {
-
-// Edits songs and saves them with an ffmpeg that can be told to wait or to fail for a file.
-class EditorSave : public testing::Test
-{
-protected:
-    EditorSave()
-    {
-        m_observer = m_model.saveStatus.addNotifier([this] {
-            if (const std::optional<QString> status = m_model.saveStatus.value())
-                m_statuses.append(*status);
-        });
-    }
-
-    ~EditorSave() override { m_observer = {}; }
-
-    void makeSongs(const QStringList &names)
-    {
-        for (const QString &name : names)
-            m_fixture.songs().makeSong(name, tagList(u"1"_s, u"1"_s, name.first(1)));
-        m_fixture.open();
-        ASSERT_EQ(m_fixture.names(), names);
-    }
-
-    // A FLAC file, and an M4A file that can't keep its tags.
-    void makeMixedSongs()
-    {
-        makeSongs({u"a.flac"_s, u"b.m4a"_s});
-        test::addIdentifiers(m_fixture.songs().path(u"b.m4a"_s));
-        m_fixture.open();
-        m_model.setValue(u"New"_s, Field::artist);
-    }
-
-    void tell(const QString &what, const QString &name) { m_tools.tell(what, name); }
-
-    QString artistOf(const QString &name) { return m_fixture.songs().tags(name).artist; }
-
-    void expectLine(const QString &line) { EXPECT_EQ(m_model.completionMessage.value(), line); }
-
-    void expectAlert(const QString &title, const QString &message)
-    {
-        ASSERT_TRUE(m_model.alert.value());
-        EXPECT_EQ(m_model.alert.value()->title, title);
-        EXPECT_EQ(m_model.alert.value()->message, message);
-    }
-
-    void expectIdle()
-    {
-        EXPECT_FALSE(m_model.isSaving.value());
-        EXPECT_EQ(m_model.saveProgress.value(), 0);
-        EXPECT_EQ(m_model.saveStatus.value(), std::nullopt);
-    }
-
-    test::ToldFFmpeg m_tools;
-    EditorFixture m_fixture{m_tools.location()};
-    MetadataEditorModel &m_model = m_fixture.model();
-    QStringList m_statuses;
-    QPropertyNotifier m_observer;
-};
-
-} // namespace
 
 TEST_F(EditorSave, TouchesNothingButWhatHasChanged)
 {
@@ -323,75 +259,6 @@ TEST_F(EditorSave, GoesOnAfterAFailure)
     EXPECT_EQ(m_fixture.row(u"a.flac"_s).unreadableReason, u"Tags couldn't be read."_s);
     EXPECT_EQ(artistOf(u"b.flac"_s), u"New"_s);
     EXPECT_EQ(artistOf(u"c.flac"_s), u"c"_s);
-}
-
-TEST_F(EditorSave, PutsInAChosenPictureAndTakesOneOut)
-{
-    makeSongs({u"a.flac"_s, u"b.flac"_s});
-    const QUrl cover = m_fixture.makeNoise(u"cover.jpg"_s, 32);
-    ASSERT_TRUE(m_model.acceptImage(cover));
-    ASSERT_TRUE(test::eventually([this] { return m_model.chosenArtwork.value().has_value(); }));
-    m_fixture.save();
-    expectLine(u"Saved 2 files."_s);
-    EXPECT_EQ(m_model.chosenArtwork.value(), std::nullopt);
-    EXPECT_EQ(m_model.changes.value(), TagChangeSet());
-    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
-    EXPECT_EQ(m_model.artworkState().kind, EditorArtworkState::Kind::image);
-    EXPECT_EQ(m_model.artworkFingerprints.value().size(), 2);
-
-    m_fixture.select({u"a.flac"_s});
-    m_model.removeArtwork();
-    m_fixture.save();
-    expectLine(u"Saved 1 file."_s);
-    EXPECT_EQ(m_model.artworkState(), EditorArtworkState::note(u"No artwork"_s));
-    EXPECT_EQ(test::mutagenPictures(m_fixture.songs().path(u"b.flac"_s)).size(), 1);
-    EXPECT_TRUE(test::mutagenPictures(m_fixture.songs().path(u"a.flac"_s)).isEmpty());
-}
-
-TEST_F(EditorSave, ShrinksPicturesThatAreOverTheLimit)
-{
-    m_fixture.settings().setArtworkSizeBudgetKilobytes(AppSettings::smallestArtworkBudget);
-    m_fixture.songs().makeSongWithCover(u"a.flac"_s, m_fixture.makeNoise(u"cover.jpg"_s, 300).toLocalFile());
-    m_fixture.open();
-    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
-    ASSERT_TRUE(m_model.hasArtworkOverBudget());
-    m_model.setOptimizing(true);
-    m_fixture.save();
-    expectLine(u"Saved 1 file."_s);
-    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
-    EXPECT_EQ(m_model.artworkState().kind, EditorArtworkState::Kind::image);
-    EXPECT_FALSE(m_model.hasArtworkOverBudget());
-    EXPECT_TRUE(m_fixture.songs().temporaryFiles().filter(u"-resized"_s).isEmpty());
-}
-
-TEST_F(EditorSave, CountsAFileAsSavedThatNeedsNoShrinkingAnyMore)
-{
-    m_fixture.settings().setArtworkSizeBudgetKilobytes(AppSettings::smallestArtworkBudget);
-    m_fixture.songs().makeSongWithCover(u"a.flac"_s, m_fixture.makeNoise(u"cover.jpg"_s, 300).toLocalFile());
-    m_fixture.open();
-    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
-    m_model.setOptimizing(true);
-    const QByteArray before = test::readFile(m_fixture.songs().path(u"a.flac"_s));
-    m_model.save();
-    m_fixture.settings().setArtworkSizeBudgetKilobytes(AppSettings::largestArtworkBudget);
-    m_fixture.waitForSave();
-    expectLine(u"Saved 1 file."_s);
-    EXPECT_TRUE(test::readFile(m_fixture.songs().path(u"a.flac"_s)) == before);
-    EXPECT_TRUE(m_model.changes.value().optimizing.isEmpty());
-}
-
-TEST_F(EditorSave, FailsForTheFileWhosePictureCantBeShrunk)
-{
-    m_fixture.settings().setArtworkSizeBudgetKilobytes(AppSettings::smallestArtworkBudget);
-    m_fixture.songs().makeSongWithCover(u"a.flac"_s, m_fixture.makeNoise(u"cover.jpg"_s, 300).toLocalFile());
-    m_fixture.open();
-    ASSERT_NO_FATAL_FAILURE(m_fixture.waitForArtwork());
-    m_model.setOptimizing(true);
-    const QString extracted = m_model.artworkFingerprints.value().begin()->extractedURL.toLocalFile();
-    ASSERT_TRUE(QFile::remove(extracted));
-    m_fixture.save();
-    expectLine(u"No files were saved · 1 held back · 1 couldn't be written."_s);
-    EXPECT_EQ(m_model.saveFailures.value().size(), 1);
 }
 
 TEST_F(EditorSave, ReadsTheWholeFolderAgain)
