@@ -51,6 +51,7 @@ namespace tonearm {
 class MetadataEditorModel
 {
 public:
+    /// So that walking through the table by the arrow keys reads no pictures.
     static constexpr std::chrono::milliseconds usualArtworkDelay{150};
 
     /// What the model works with. The references have to outlive it.

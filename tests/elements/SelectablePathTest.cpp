@@ -34,7 +34,11 @@ TEST_F(SelectablePathTest, HasWordsInThePlaceOfAPath)
     path.setPath(u"/a/<b>"_s);
     EXPECT_EQ(path.text(), u"/a/<b>"_s);
     EXPECT_EQ(path.toolTip(), plainTooltip(u"/a/<b>"_s));
+    EXPECT_EQ(path.accessibleDescription(), u"/a/<b>"_s) << "without what wraps the tooltip";
     EXPECT_EQ(colour(), toneColour(Tone::text, window.palette()));
+    path.setPath(std::nullopt);
+    EXPECT_EQ(path.toolTip(), QString());
+    EXPECT_EQ(path.accessibleDescription(), QString());
 }
 
 TEST_F(SelectablePathTest, FollowsThePaletteAround)

@@ -24,9 +24,12 @@ void SelectablePath::setPath(const std::optional<QString> &path)
     m_isSet = path.has_value();
     setText(path.value_or(m_wordsWithout));
     setCursorPosition(0);
-    // The text itself is all that an assistive tool needs.
-    setToolTip(path ? plainTooltip(*path) : QString());
-    setAccessibleDescription(path.value_or(QString()));
+    if (path) {
+        setLongTooltip(this, *path);
+    } else {
+        setToolTip({});
+        setAccessibleDescription({});
+    }
     updateColours();
 }
 
