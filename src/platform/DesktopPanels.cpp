@@ -21,13 +21,15 @@ namespace {
 // Names on Linux are case-sensitive, an extension isn't.
 QString nameFilter(const QStringList &extensions)
 {
+    QStringList kinds;
     QStringList patterns;
     for (const QString &lower : extensions) {
+        kinds.append(lower.toUpper());
         const QString capitalised = lower.left(1).toUpper() + lower.mid(1);
         for (const QString &spelling : {lower, lower.toUpper(), capitalised})
             patterns.append(u"*."_s + spelling);
     }
-    return patterns.join(u' ');
+    return u"%1 files (%2)"_s.arg(kinds.join(u", "_s), patterns.join(u' '));
 }
 
 // Qt's own dialog has room below its boxes; the desktop's shows its title alone.
@@ -57,6 +59,7 @@ void setUp(QFileDialog &dialog, const OpenPanelRequest &request)
         return;
     }
     dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilter(nameFilter(request.extensions));
 }
 
