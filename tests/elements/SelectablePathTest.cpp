@@ -41,6 +41,15 @@ TEST_F(SelectablePathTest, HasWordsInThePlaceOfAPath)
     EXPECT_EQ(path.accessibleDescription(), QString());
 }
 
+TEST_F(SelectablePathTest, IsPassedByTabWithoutAPath)
+{
+    EXPECT_EQ(path.focusPolicy(), Qt::NoFocus);
+    path.setPath(u"/a"_s);
+    EXPECT_EQ(path.focusPolicy(), Qt::StrongFocus);
+    path.setPath(std::nullopt);
+    EXPECT_EQ(path.focusPolicy(), Qt::NoFocus);
+}
+
 TEST_F(SelectablePathTest, FollowsThePaletteAround)
 {
     for (const QPalette &palette : {darkPalette(), lightPalette()}) {

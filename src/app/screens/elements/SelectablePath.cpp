@@ -23,6 +23,8 @@ void SelectablePath::setPath(const std::optional<QString> &path)
 {
     m_isSet = path.has_value();
     setText(path.value_or(m_wordsWithout));
+    // There is nothing to do with the words, so Tab passes them.
+    setFocusPolicy(path ? Qt::StrongFocus : Qt::NoFocus);
     setCursorPosition(0);
     if (path) {
         setLongTooltip(this, *path);
