@@ -123,6 +123,7 @@ QWidget *ArtworkWindow::makePictureView()
     area->setFrameShape(QFrame::NoFrame);
     area->setAlignment(Qt::AlignCenter);
     area->setAccessibleName(windowTitle());
+    setAccessibleRole(area, QAccessible::Pane);
     area->setWidget(m_picture);
     m_summary = new QLabel(place);
     m_summary->setTextFormat(Qt::PlainText);
