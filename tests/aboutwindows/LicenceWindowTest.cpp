@@ -10,7 +10,7 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFontInfo>
+#include <QFontMetricsF>
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -161,7 +161,8 @@ TEST_F(LicenceWindowTest, ShowsTextThatCanBeMarkedButNotChanged)
     EXPECT_TRUE(text().isReadOnly());
     EXPECT_TRUE(text().textInteractionFlags() & Qt::TextSelectableByMouse);
     EXPECT_TRUE(text().textInteractionFlags() & Qt::TextSelectableByKeyboard);
-    EXPECT_TRUE(QFontInfo(text().font()).fixedPitch());
+    const QFontMetricsF metrics(text().font());
+    EXPECT_EQ(metrics.horizontalAdvance(u'i'), metrics.horizontalAdvance(u'W')) << "monospaced";
     EXPECT_LT(text().font().pointSizeF(), window->font().pointSizeF());
     EXPECT_EQ(text().document()->documentMargin(), 16);
     text().setFocus();
