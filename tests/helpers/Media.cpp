@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int patienceMilliseconds = 60000;
+constexpr int patienceMilliseconds = 200000;
 
 QString toneSource(const MediaRecipe &recipe)
 {
