@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -48,6 +50,12 @@ TEST_F(SelectablePathTest, IsPassedByTabWithoutAPath)
     EXPECT_EQ(path.focusPolicy(), Qt::StrongFocus);
     path.setPath(std::nullopt);
     EXPECT_EQ(path.focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(SelectablePathTest, IsAsHighAsALabel)
+{
+    EXPECT_EQ(path.sizeHint().height(), QLabel(u"Nowhere"_s, &window).sizeHint().height());
+    EXPECT_EQ(path.minimumSizeHint().height(), path.sizeHint().height());
 }
 
 TEST_F(SelectablePathTest, FollowsThePaletteAround)

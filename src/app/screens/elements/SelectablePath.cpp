@@ -35,6 +35,16 @@ void SelectablePath::setPath(const std::optional<QString> &path)
     updateColours();
 }
 
+QSize SelectablePath::sizeHint() const
+{
+    return {QLineEdit::sizeHint().width(), fontMetrics().height()};
+}
+
+QSize SelectablePath::minimumSizeHint() const
+{
+    return {QLineEdit::minimumSizeHint().width(), fontMetrics().height()};
+}
+
 bool SelectablePath::event(QEvent *event)
 {
     if (event->type() == QEvent::ParentChange) {

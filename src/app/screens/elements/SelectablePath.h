@@ -21,6 +21,10 @@ public:
 
     void setPath(const std::optional<QString> &path);
 
+    /// As high as a label: a text box would leave room for the frame that this hasn't.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
