@@ -4,9 +4,12 @@
 
 #include "app/screens/aboutwindows/LinkButton.h"
 #include "app/screens/elements/AppIcon.h"
+#include "app/screens/elements/Colours.h"
 #include "helpers/Rendering.h"
 
+#include <QAccessible>
 #include <QApplication>
+#include <QLayout>
 #include <QPainter>
 #include <QSignalSpy>
 
@@ -58,6 +61,33 @@ TEST_F(AboutViewTest, IsAsHighAsItsContent)
     }
     const auto &foot = find<QLabel>(u"Copyright © Somebody"_s);
     EXPECT_EQ(view.height() - foot.geometry().bottom() - 1, 24) << "and no higher";
+}
+
+TEST_F(AboutViewTest, KeepsItsGroupsApart)
+{
+    const QLayout &groups = *view.layout();
+    ASSERT_EQ(groups.count(), 6);
+    int end = 24 - 20;
+    for (int group = 0; group < groups.count(); ++group) {
+        const QRect place = groups.itemAt(group)->geometry();
+        EXPECT_EQ(place.left(), 24);
+        EXPECT_EQ(place.width(), 480 - 2 * 24);
+        EXPECT_EQ(place.top() - end, 20);
+        end = place.bottom() + 1;
+    }
+    EXPECT_EQ(view.height() - end, 24);
+}
+
+TEST_F(AboutViewTest, PalesWhatMattersLess)
+{
+    const auto colourOf = [this](const QString &text) {
+        const auto &label = find<QLabel>(text);
+        return label.palette().color(label.foregroundRole());
+    };
+    EXPECT_EQ(colourOf(u"Tonearm"_s), toneColour(Tone::text, view.palette()));
+    EXPECT_EQ(colourOf(u"Version 9.8.7"_s), toneColour(Tone::secondary, view.palette()));
+    EXPECT_EQ(colourOf(u"Copyright © Somebody"_s), toneColour(Tone::secondary, view.palette()));
+    EXPECT_LT(find<QLabel>(u"Copyright © Somebody"_s).font().pointSizeF(), view.font().pointSizeF());
 }
 
 TEST_F(AboutViewTest, NamesTheApplicationAndItsVersion)
@@ -145,6 +175,10 @@ TEST_F(AboutViewTest, ShowsTheApplicationsIcon)
     EXPECT_EQ(picture.copy(place), expected);
     expected.fill(view.palette().color(QPalette::Window));
     EXPECT_NE(picture.copy(place), expected);
+    QWidget *icon = view.childAt(place.center());
+    ASSERT_EQ(icon->size(), place.size());
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(icon)->state().invisible)
+        << "the name is read out instead";
 }
 
 TEST_F(ShownAbout, HasNoFootWithoutANotice)

@@ -2,6 +2,7 @@
 // What the About window says of the tools.
 #include "aboutwindows/ShownAbout.h"
 
+#include "app/screens/elements/Colours.h"
 #include "app/screens/elements/Spinner.h"
 
 #include <QFile>
@@ -50,6 +51,25 @@ TEST_F(BundledToolsTest, StandInTheirRows)
     for (const QString &name : {u"ffmpeg"_s, u"cd-paranoia"_s, u"Audio Format"_s})
         EXPECT_TRUE(shows<QLabel>(name)) << name.toStdString();
     EXPECT_TRUE(shows<QLabel>(u"FLAC (via bundled ffmpeg)"_s));
+}
+
+TEST_F(BundledToolsTest, StandInTwoColumns)
+{
+    openAndWait();
+    const auto place = [this](QWidget &widget) {
+        return QRect(widget.mapTo(&view, QPoint()), widget.size());
+    };
+    const QRect ffmpeg = place(find<QLabel>(u"ffmpeg"_s));
+    const QRect paranoia = place(find<QLabel>(u"cd-paranoia"_s));
+    const QRect format = place(find<QLabel>(u"Audio Format"_s));
+    EXPECT_EQ(paranoia.top() - ffmpeg.bottom() - 1, 6);
+    EXPECT_EQ(format.top() - paranoia.bottom() - 1, 6);
+    for (const QString &value : {u"Installed"_s, u"Not available"_s, u"FLAC (via bundled ffmpeg)"_s})
+        EXPECT_EQ(place(find<QLabel>(value)).left() - format.right() - 1, 12) << value.toStdString();
+    for (const QString &name : {u"ffmpeg"_s, u"cd-paranoia"_s, u"Audio Format"_s}) {
+        const auto &label = find<QLabel>(name);
+        EXPECT_EQ(label.palette().color(label.foregroundRole()), toneColour(Tone::secondary, view.palette()));
+    }
 }
 
 TEST_F(BundledToolsTest, AreToldByTheirVersion)

@@ -2,6 +2,8 @@
 // The size limit of artwork: a box, its unit, and a stepper.
 #include "settingswindow/ShownSettings.h"
 
+#include "app/screens/elements/Colours.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
@@ -57,8 +59,11 @@ TEST_F(SizeLimitTest, StandsInOneRow)
 
 TEST_F(SizeLimitTest, IsExplained)
 {
-    EXPECT_TRUE(shows<QLabel>(
-        u"Embedded artwork over this size is re-encoded as JPEG — dropping resolution only if compression alone isn't enough. Many players and car head units show nothing at all past roughly 600 KB. With shrinking off, oversized artwork is embedded as-is and flagged with a warning."_s));
+    const auto &explanation = find<QLabel>(
+        u"Embedded artwork over this size is re-encoded as JPEG — dropping resolution only if compression alone isn't enough. Many players and car head units show nothing at all past roughly 600 KB. With shrinking off, oversized artwork is embedded as-is and flagged with a warning."_s);
+    EXPECT_LT(explanation.font().pointSizeF(), view().font().pointSizeF());
+    EXPECT_EQ(explanation.palette().color(explanation.foregroundRole()),
+              toneColour(Tone::secondary, view().palette()));
 }
 
 TEST_F(SizeLimitTest, LeavesAHalfTypedNumberAlone)
