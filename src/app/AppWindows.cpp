@@ -6,6 +6,7 @@
 #include "tageditor/ArtworkViewer.h"
 
 #include <QDesktopServices>
+#include <QScreen>
 #include <QUrl>
 
 namespace tonearm {
@@ -31,6 +32,8 @@ AppWindows::AppWindows(const Contents &contents, const QString &sizesFile)
     , m_licences([this](LicenceWindow &window) { m_sizes.follow(window, u"licences"_s); })
 {
     m_sizes.follow(m_mainWindow, u"main"_s);
+    if (const QScreen *screen = m_mainWindow.screen())
+        m_mainWindow.keepWithin(screen->availableSize());
     // The program ends with its main window, and edits in another mustn't go unasked.
     m_mainWindow.setCloseGuard([this] { return closeOtherWindows(m_mainWindow); });
     connectMainWindow();

@@ -9,6 +9,7 @@
 #include "helpers/Printing.h"
 
 #include <QLabel>
+#include <QStyle>
 
 namespace tonearm {
 
@@ -60,6 +61,34 @@ struct LayoutTest : ScriptedWindowTest
 TEST_F(LayoutTest, HasASizeAtFirstAndALeastOne)
 {
     EXPECT_EQ(window.window().windowTitle(), u"Tonearm"_s);
+    EXPECT_EQ(window.contentSize(), QSize(940, 940));
+    window.window().resize(100, 100);
+    ShownWindow::settle();
+    EXPECT_EQ(window.contentSize(), QSize(820, 900));
+}
+
+TEST_F(LayoutTest, FitsALowScreenAndScrollsThere)
+{
+    surroundings.prepareJob(tools.source());
+    window.window().keepWithin({1366, 728});
+    ShownWindow::settle();
+    const int titleBar = window.window().style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    EXPECT_EQ(window.window().size(), QSize(940, 728 - titleBar));
+    EXPECT_EQ(window.clipped(), QStringList());
+    auto &area = *window.window().findChild<ContentView *>();
+    QWidget &encode = window.button(u"Encode to FLAC"_s);
+    const auto isInView = [&] {
+        return area.viewport()->rect().contains(QRect(encode.mapTo(&area, QPoint()), encode.size()));
+    };
+    EXPECT_FALSE(isInView());
+    WindowUser::tabTo(u"Encode to FLAC"_s);
+    EXPECT_TRUE(isInView());
+}
+
+TEST_F(LayoutTest, StaysAsItIsOnAHighScreen)
+{
+    window.window().keepWithin({3840, 2160});
+    ShownWindow::settle();
     EXPECT_EQ(window.contentSize(), QSize(940, 940));
     window.window().resize(100, 100);
     ShownWindow::settle();

@@ -10,6 +10,10 @@
 #include "workflow/AppModel.h"
 
 #include <QCloseEvent>
+#include <QLayout>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace tonearm {
 
@@ -53,6 +57,16 @@ void MainWindow::addContent(const GenreCatalog &genres)
     content->setMinimumSize(smallestSize);
     connect(content, &ContentView::coverArtRequested, this, &MainWindow::coverArtRequested);
     setCentralWidget(content);
+}
+
+void MainWindow::keepWithin(const QSize &room)
+{
+    const int height = room.height() - style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    const int contentHeight = height - menuBar()->sizeHint().height();
+    centralWidget()->setMinimumHeight(std::min(smallestSize.height(), contentHeight));
+    // Only then does the window know that it may be smaller.
+    layout()->activate();
+    resize(width(), std::min(this->height(), height));
 }
 
 // Once the job that held the window open has ended.

@@ -22,6 +22,10 @@ public:
     /// `mayClose` is asked when nothing of the window's own keeps it open, each time that it is to close.
     void setCloseGuard(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
 
+    /// Makes the window no higher than a screen with so much room, its title bar included. Where that is too
+    /// little for everything, the content scrolls.
+    void keepWithin(const QSize &room);
+
 Q_SIGNALS:
     /// The user wants to see the cover in its window.
     void coverArtRequested();
