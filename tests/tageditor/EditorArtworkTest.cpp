@@ -3,7 +3,6 @@
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/EditorFixture.h"
-#include "helpers/FFmpegStandIn.h"
 #include "helpers/Printing.h"
 
 #include <gtest/gtest.h>
@@ -428,33 +427,6 @@ TEST_F(EditorArtwork, IsReadAfterAFolderWasOpened)
     EXPECT_EQ(m_model.artworkCaption(),
               QString(u"64 × 64 · "_s + test::byteCountOf(m_fixture.url(u"cover.jpg"_s))));
     EXPECT_TRUE(test::eventually([&] { return !m_model.isReadingArtwork.value(); }));
-}
-
-TEST(EditorArtworkReading, PassesOverRowsThatWereSelectedBriefly)
-{
-    const test::FFmpegStandIn tools("for input; do case \"$input\" in *.flac) name=$(basename \"$input\"); "
-                                    "esac; done\ntouch \"$here/read-$name\"\nexec \"$ffmpeg\" \"$@\"");
-    // Long enough for selections that follow one another without a turn of the event loop.
-    EditorFixture fixture(tools.location(), std::chrono::milliseconds(50));
-    const QString cover = fixture.makeNoise(u"cover.jpg"_s, 16).toLocalFile();
-    for (const QString &name : {u"a.flac"_s, u"b.flac"_s, u"c.flac"_s})
-        fixture.songs().makeSongWithCover(name, cover);
-    fixture.open();
-    fixture.select({u"a.flac"_s});
-    fixture.select({u"b.flac"_s});
-    fixture.select({u"c.flac"_s});
-    ASSERT_NO_FATAL_FAILURE(fixture.waitForArtwork());
-    EXPECT_EQ(fixture.model().artworkFingerprints.value().keys(), QList<QUrl>{fixture.row(u"c.flac"_s).url});
-    EXPECT_TRUE(QFile::exists(tools.path(u"read-c.flac"_s)));
-    EXPECT_FALSE(QFile::exists(tools.path(u"read-a.flac"_s)));
-    EXPECT_FALSE(QFile::exists(tools.path(u"read-b.flac"_s)));
-    // What has been read is kept.
-    ASSERT_TRUE(QFile::remove(tools.path(u"read-c.flac"_s)));
-    fixture.select({u"a.flac"_s});
-    ASSERT_NO_FATAL_FAILURE(fixture.waitForArtwork());
-    fixture.select({u"c.flac"_s});
-    EXPECT_EQ(fixture.model().artworkState().kind, State::Kind::image);
-    EXPECT_FALSE(QFile::exists(tools.path(u"read-c.flac"_s)));
 }
 
 } // namespace tonearm
