@@ -11,6 +11,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSemaphore>
+#include <QThreadPool>
+
+#include <memory>
+#include <utility>
 
 namespace tonearm {
 
@@ -34,6 +39,30 @@ protected:
 
     EditorFixture m_fixture;
     MetadataEditorModel &m_model = m_fixture.model();
+};
+
+// Keeps all waiting that begins in the background meanwhile.
+class BusyBackground
+{
+public:
+    BusyBackground() = default;
+    BusyBackground(const BusyBackground &) = delete;
+    BusyBackground &operator=(const BusyBackground &) = delete;
+
+    ~BusyBackground() { end(); }
+
+    void begin()
+    {
+        QThreadPool &pool = *QThreadPool::globalInstance();
+        for (int thread = 0; thread < pool.maxThreadCount(); ++thread, ++m_count)
+            pool.start([ends = m_ends] { ends->acquire(); });
+    }
+
+    void end() { m_ends->release(std::exchange(m_count, 0)); }
+
+private:
+    int m_count = 0;
+    std::shared_ptr<QSemaphore> m_ends = std::make_shared<QSemaphore>();
 };
 
 // An ffprobe that tells when it starts on a file, and waits for the test to let it end.
@@ -125,12 +154,16 @@ TEST_F(EditorLoading, StartsAfreshButKeepsTheStandingChoice)
 {
     m_fixture.show({test::rowOf(u"a"_s)});
     m_model.setValue(u"A"_s, Field::artist);
+    m_model.removeArtwork();
+    m_model.setOptimizing(true);
     m_model.completionMessage = u"Saved 1 file."_s;
     m_model.saveStatus = u"Saving"_s;
     m_model.saveFailures = {SaveFailure()};
     m_model.dropsUnwritableTags = true;
     m_model.droppedTagReports = {RefusedSave()};
+    m_model.refusedSaves = {RefusedSave()};
     m_model.artworkFingerprints = QHash<QUrl, ArtworkFingerprint>{{test::rowOf(u"a"_s).url, {}}};
+    m_model.artworkPreviews = QHash<QUrl, QImage>{{test::rowOf(u"a"_s).url, {}}};
     m_fixture.open(makeFolder(u"f"_s, {}));
     EXPECT_TRUE(m_model.files.value().isEmpty());
     EXPECT_TRUE(m_model.selection.value().isEmpty());
@@ -139,8 +172,10 @@ TEST_F(EditorLoading, StartsAfreshButKeepsTheStandingChoice)
     EXPECT_EQ(m_model.saveStatus.value(), std::nullopt);
     EXPECT_TRUE(m_model.saveFailures.value().isEmpty());
     EXPECT_TRUE(m_model.artworkFingerprints.value().isEmpty());
+    EXPECT_TRUE(m_model.artworkPreviews.value().isEmpty());
     EXPECT_TRUE(m_model.dropsUnwritableTags.value());
     EXPECT_EQ(m_model.droppedTagReports.value().size(), 1);
+    EXPECT_EQ(m_model.refusedSaves.value().size(), 1);
 }
 
 TEST_F(EditorLoading, AsksForAFolderInAPanel)
@@ -229,6 +264,15 @@ TEST(EditorTools, AreMissedByName)
     }
 }
 
+TEST(EditorTools, AreLookedForInTheirOrder)
+{
+    const test::StandInTools none;
+    EditorFixture fixture(none.location());
+    fixture.model().checkTools();
+    ASSERT_TRUE(fixture.model().ffmpegProblem.value());
+    EXPECT_TRUE(fixture.model().ffmpegProblem.value()->startsWith(u"ffmpeg could not be found. "_s));
+}
+
 TEST_F(SlowLoading, ShowsTheRowsBeforeAnyIsRead)
 {
     m_model.openFolder(makeFolder(u"f"_s, 6));
@@ -247,6 +291,41 @@ TEST_F(SlowLoading, ShowsTheRowsBeforeAnyIsRead)
     ASSERT_NO_FATAL_FAILURE(waitForEnd());
     EXPECT_EQ(m_model.selectionSummary(), u"6 files · 6 selected"_s);
     EXPECT_EQ(m_fixture.row(u"f6.flac"_s).tags.title, u"f6.flac"_s);
+}
+
+TEST_F(SlowLoading, EndsInAnOrderThatIsChosenMeanwhile)
+{
+    const QStringList turned = {u"f3.flac"_s, u"f2.flac"_s, u"f1.flac"_s};
+    m_model.openFolder(makeFolder(u"f"_s, 3));
+    ASSERT_TRUE(m_tools.waitFor(u"started-f3.flac"_s));
+    m_model.setSortOrder({{RowComparator::Key::fileName, Qt::DescendingOrder}});
+    EXPECT_EQ(m_fixture.names(), turned);
+    for (const QString &name : turned)
+        letEnd(name);
+    ASSERT_NO_FATAL_FAILURE(waitForEnd());
+    EXPECT_EQ(m_fixture.names(), turned);
+    EXPECT_EQ(m_fixture.row(u"f1.flac"_s).tags.title, u"f1.flac"_s);
+    EXPECT_EQ(m_model.selectionSummary(), u"3 files · 3 selected"_s);
+}
+
+TEST_F(SlowLoading, EndsInAnOrderThatIsChosenWhileTheRowsAreArranged)
+{
+    const QStringList turned = {u"f3.flac"_s, u"f2.flac"_s, u"f1.flac"_s};
+    BusyBackground background;
+    const auto holding = m_model.loadProgress.addNotifier([&] {
+        if (m_model.loadProgress.value() == 1)
+            background.begin();
+    });
+    for (const QString &name : turned)
+        letEnd(name);
+    m_model.openFolder(makeFolder(u"f"_s, 3));
+    EXPECT_TRUE(test::eventually([this] { return m_model.loadProgress.value() == 1; }));
+    EXPECT_TRUE(m_model.isLoading.value());
+    m_model.setSortOrder({{RowComparator::Key::fileName, Qt::DescendingOrder}});
+    background.end();
+    ASSERT_NO_FATAL_FAILURE(waitForEnd());
+    EXPECT_EQ(m_fixture.names(), turned);
+    EXPECT_EQ(m_fixture.row(u"f1.flac"_s).tags.title, u"f1.flac"_s);
 }
 
 TEST_F(SlowLoading, GivesWayToANewFolder)
@@ -300,6 +379,24 @@ TEST_F(SlowLoading, EndsWhenTheWindowIsClosedWithoutAQuestion)
     EXPECT_EQ(m_model.folderURL.value(), std::nullopt);
     EXPECT_FALSE(m_model.hasLoadedFolder.value());
     EXPECT_EQ(m_model.alert.value(), std::nullopt);
+}
+
+TEST_F(SlowLoading, IsInterruptedByClosingOnlyAfterAQuestionIfThereAreEdits)
+{
+    m_model.openFolder(makeFolder(u"f"_s, 2));
+    ASSERT_TRUE(m_tools.waitFor(u"started-f2.flac"_s));
+    m_fixture.select({u"f1.flac"_s});
+    m_model.setValue(u"New"_s, Field::artist);
+    ASSERT_TRUE(m_model.hasPendingChanges());
+    EXPECT_FALSE(m_model.canSave());
+    EXPECT_FALSE(m_model.requestClose());
+    EXPECT_TRUE(m_model.isConfirmingCancel.value());
+    EXPECT_TRUE(m_model.isLoading.value());
+    EXPECT_EQ(m_fixture.names().size(), 2);
+    m_model.reset();
+    ASSERT_NO_FATAL_FAILURE(waitForEnd());
+    EXPECT_TRUE(m_model.files.value().isEmpty());
+    EXPECT_EQ(m_model.changes.value(), TagChangeSet());
 }
 
 TEST_F(SlowLoading, EndsWithTheModel)
