@@ -5,6 +5,8 @@
 #include "helpers/Contents.h"
 #include "helpers/Mutagen.h"
 #include "helpers/Printing.h"
+#include "helpers/SmallDisk.h"
+#include "tageditor/AudioFileTagError.h"
 #include "tageditor/FilePath.h"
 
 #include <gtest/gtest.h>
@@ -274,6 +276,43 @@ TEST_F(EditorSave, ReadsTheWholeFolderAgain)
     EXPECT_FALSE(m_model.isLoading.value());
 }
 
+TEST_F(EditorSave, ReadsTheFolderAgainInAnOrderThatIsChosenMeanwhile)
+{
+    makeSongs({u"a.flac"_s, u"b.flac"_s});
+    m_model.setValue(u"New"_s, Field::artist);
+    const QSet<QUrl> selected = m_model.selection.value();
+    const auto turning = m_model.loadProgress.addNotifier([this] {
+        if (m_model.loadProgress.value() > 0)
+            m_model.setSortOrder({{RowComparator::Key::fileName, Qt::DescendingOrder}});
+    });
+    m_fixture.save();
+    EXPECT_EQ(m_fixture.names(), QStringList({u"b.flac"_s, u"a.flac"_s}));
+    EXPECT_EQ(m_fixture.row(u"a.flac"_s).tags.artist, u"New"_s);
+    EXPECT_EQ(m_model.selection.value(), selected);
+}
+
+TEST_F(EditorSave, TellsOfAFileOnAReadOnlyDisk)
+{
+    makeSongs({u"a.flac"_s});
+    const QByteArray song = test::readFile(m_fixture.songs().path(u"a.flac"_s));
+    const test::SmallDisk disk(m_fixture.path(u"disk"_s), 1024);
+    if (!disk.isMounted())
+        GTEST_SKIP() << "mounting isn't permitted here";
+    test::writeFile(m_fixture.path(u"disk/a.flac"_s), song);
+    m_fixture.open(m_fixture.url(u"disk"_s));
+    m_model.setValue(u"New"_s, Field::artist);
+    const TagChangeSet edits = m_model.changes.value();
+    ASSERT_NO_FATAL_FAILURE(disk.makeReadOnly());
+    m_fixture.save();
+    const QString reason = AudioFileTagError::notWritable(m_fixture.url(u"disk/a.flac"_s)).description();
+    expectAlert(u"One File Couldn't Be Saved"_s, u"a.flac — "_s + reason);
+    expectLine(u"No files were saved · 1 held back · 1 couldn't be written."_s);
+    EXPECT_EQ(m_model.changes.value(), edits);
+    EXPECT_TRUE(test::readFile(m_fixture.path(u"disk/a.flac"_s)) == song);
+    EXPECT_EQ(test::namesIn(m_fixture.path(u"disk"_s)), QStringList{u"a.flac"_s});
+    EXPECT_TRUE(m_fixture.songs().temporaryFiles().isEmpty());
+}
+
 TEST_F(EditorSave, IsAskedAboutWhenTheWindowIsToClose)
 {
     makeSongs({u"a.flac"_s});
@@ -323,26 +362,6 @@ TEST_F(EditorSave, EndsWithTheModel)
     m_fixture.dropModel();
     EXPECT_EQ(artistOf(u"a.flac"_s), u"a"_s);
     EXPECT_EQ(test::namesIn(m_fixture.songs().path()), QStringList{u"a.flac"_s});
-}
-
-TEST_F(EditorSave, LeavesTheWindowsStandingStateToTheNextFolder)
-{
-    makeMixedSongs();
-    const QList<RowComparator> order = {{RowComparator::Key::fileName, Qt::DescendingOrder}};
-    m_model.setSortOrder(order);
-    m_model.dropsUnwritableTags = true;
-    m_fixture.save();
-    ASSERT_FALSE(m_model.droppedTagReports.value().isEmpty());
-    m_model.ffmpegProblem = u"Missing."_s;
-    EXPECT_TRUE(m_model.requestClose());
-    EXPECT_FALSE(m_model.dropsUnwritableTags.value());
-    EXPECT_EQ(m_model.droppedTagSummary(), std::nullopt);
-    EXPECT_EQ(m_model.completionMessage.value(), std::nullopt);
-    EXPECT_EQ(m_model.folderURL.value(), std::nullopt);
-    EXPECT_EQ(m_model.skippedAudioCount.value(), 0);
-    EXPECT_TRUE(m_model.selection.value().isEmpty());
-    EXPECT_EQ(m_model.sortOrder.value(), order);
-    EXPECT_EQ(m_model.ffmpegProblem.value(), u"Missing."_s);
 }
 
 } // namespace tonearm

@@ -187,8 +187,10 @@ TEST_F(RefusedWrite, IsOneOfAFileOnAReadOnlyDisk)
         GTEST_SKIP() << "mounting isn't permitted here";
     ASSERT_TRUE(QFile::copy(m_folder.path(u"song.flac"_s), m_folder.path(u"disk/a.flac"_s)));
     const EditableAudioFile file = m_folder.load(u"disk/a.flac"_s);
-    disk.makeReadOnly();
+    ASSERT_NO_FATAL_FAILURE(disk.makeReadOnly());
     EXPECT_EQ(errorFor(file), AudioFileTagError::notWritable(file.url));
+    EXPECT_EQ(test::namesIn(m_folder.path(u"disk"_s)), QStringList{u"a.flac"_s});
+    EXPECT_EQ(m_folder.load(u"disk/a.flac"_s), file);
 }
 
 TEST_F(RefusedWrite, LooksAtTheFolderOfTheRealFile)
