@@ -12,6 +12,7 @@
 
 #include <QFile>
 
+#include <ostream>
 #include <utility>
 
 namespace tonearm {
@@ -70,7 +71,7 @@ protected:
         EXPECT_TRUE(m_folder.temporaryFiles().isEmpty());
     }
 
-    void expectEndByStop(QCoro::Task<QStringList> task, std::stop_source stop) const
+    void expectEndByStop(QCoro::Task<QStringList> task, const std::stop_source &stop) const
     {
         ASSERT_TRUE(m_tools.waitFor(u"started"_s));
         EXPECT_TRUE(m_tools.isRunning());
@@ -99,6 +100,11 @@ struct Look
     const char *name;
     const char *look;
 };
+
+void PrintTo(const Look &look, std::ostream *out)
+{
+    *out << look.look;
+}
 
 struct HangingProbes : FailingProbes, testing::WithParamInterface<Look>
 {
