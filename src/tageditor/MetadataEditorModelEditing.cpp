@@ -10,8 +10,6 @@ namespace tonearm {
 
 namespace {
 
-constexpr qint64 bytesPerKilobyte = 1024;
-
 using Fingerprints = QHash<QUrl, ArtworkFingerprint>;
 
 std::optional<ArtworkFingerprint> fingerprintIn(const Fingerprints &known, const QUrl &url)
@@ -70,7 +68,7 @@ void MetadataEditorModel::setValue(const QString &text, EditableTagField field)
 
 qint64 MetadataEditorModel::artworkBudget() const
 {
-    return m_settings.artworkSizeBudgetKilobytes() * bytesPerKilobyte;
+    return m_settings.artworkByteBudget();
 }
 
 std::optional<ArtworkFingerprint> MetadataEditorModel::fingerprintOf(const QUrl &url) const

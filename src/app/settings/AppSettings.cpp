@@ -6,6 +6,7 @@
 #include <QDir>
 
 #include <algorithm>
+#include <limits>
 
 namespace tonearm {
 
@@ -105,6 +106,14 @@ void AppSettings::store(QStringView key, const QJsonValue &value)
     } catch (const SettingsError &error) {
         m_saveFailure = ErrorWords{error.description(), error.recoverySuggestion()};
     }
+}
+
+// A file may hold any number, even one whose bytes can't be counted.
+qint64 AppSettings::artworkByteBudget() const
+{
+    constexpr qint64 bytesPerKilobyte = 1024;
+    constexpr qint64 most = std::numeric_limits<qint64>::max() / bytesPerKilobyte;
+    return std::clamp(artworkSizeBudgetKilobytes(), -most, most) * bytesPerKilobyte;
 }
 
 } // namespace tonearm

@@ -42,6 +42,9 @@ public:
     /// The largest size of cover art. Clamped to its limits when set, not when loaded.
     qint64 artworkSizeBudgetKilobytes() const { return m_artworkSizeBudgetKilobytes; }
 
+    /// The same in bytes, of 1024 to a kilobyte.
+    qint64 artworkByteBudget() const;
+
     void setArtworkSizeBudgetKilobytes(qint64 value);
 
     /// Whether files go into folders by artist and album.
