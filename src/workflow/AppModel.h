@@ -63,7 +63,8 @@ struct EncodingJob;
 ///
 /// Fields are observable, and setting an equal value tells nobody. Screens write the album fields,
 /// `outputFolderURL`, and set the waiting questions and the alert back to absent; all else changes
-/// through operations. Derived values read nothing but fields and settings, so that they can be bound.
+/// through operations. Derived values can be bound: they read nothing but fields and settings, except
+/// usesSecureRipping.
 class AppModel
 {
 public:
@@ -136,6 +137,9 @@ public:
     /// Where the cover came from.
     QProperty<std::optional<QString>> coverArtOrigin;
     QProperty<bool> isFetchingArtwork;
+    /// Whether a file that the user has chosen is being made ready. A job that is started meanwhile waits for
+    /// it.
+    QProperty<bool> isPreparingCoverArt;
     /// The units of the job. The user edits `mappedTitle`, through setMappedTitle.
     QProperty<QList<ChapterInfo>> chapters;
     QProperty<std::optional<AudioStreamInfo>> sourceAudio;
@@ -323,8 +327,10 @@ private:
     QCoro::Task<> downloadArtwork(ReleaseInfo release, std::stop_token stop);
     void setCoverArt(const PreparedCoverArt &prepared, const std::optional<QImage> &image,
                      const QString &origin);
+    void discard(const QList<QUrl> &pictures);
 
     QCoro::Task<> checkForOverwrites(QUrl destination, std::stop_token stop);
+    QCoro::Task<> untilCoverArtIsReady(std::stop_token stop);
     bool canStartIn(const QUrl &folder) const;
     void beginJob();
 
@@ -373,6 +379,11 @@ private:
     QPropertyNotifier m_onLogChange;
     // Counts what the user has chosen or cleared, so that a file prepared for an earlier choice is told.
     int m_coverArtChoice = 0;
+    QFuture<void> m_coverArtPreparation;
+    // To be deleted once no job runs.
+    QList<QUrl> m_discarded;
+    // The chapters whose files the waiting question names.
+    QList<ChapterInfo> m_unitsInQuestion;
     // A second press meanwhile changes nothing.
     bool m_isLookingForOverwrites = false;
     // Last, so that the tasks end while all else is still there.

@@ -2,7 +2,6 @@
 // The picture that a job embeds: where it comes from, what is told of it, and its end.
 #include "workflow/AppModel.h"
 
-#include "artwork/ByteCountText.h"
 #include "artwork/CoverArtError.h"
 #include "artwork/CoverArtPreparation.h"
 #include "artwork/ImageFileName.h"
@@ -11,8 +10,10 @@
 #include "support/Cancellation.h"
 #include "support/PathText.h"
 
-#include <QFile>
+#include <QPromise>
+#include <QScopeGuard>
 
+#include <memory>
 #include <utility>
 
 namespace tonearm {
@@ -20,8 +21,6 @@ namespace tonearm {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qint64 bytesPerKilobyte = 1024;
 
 struct UsableArt
 {
@@ -50,7 +49,7 @@ std::optional<qint64> AppModel::artworkBudget() const
 {
     if (!m_settings.shrinkOversizedArtwork())
         return std::nullopt;
-    return m_settings.artworkSizeBudgetKilobytes() * bytesPerKilobyte;
+    return m_settings.artworkByteBudget();
 }
 
 void AppModel::setCoverArt(const PreparedCoverArt &prepared, const std::optional<QImage> &image,
@@ -62,19 +61,31 @@ void AppModel::setCoverArt(const PreparedCoverArt &prepared, const std::optional
     coverArt = prepared;
     coverArtOrigin = origin;
     coverArtPreview = image;
-    if (!old || old->url == prepared.url)
+    if (old && old->url != prepared.url)
+        discard({old->url, old->originalURL});
+}
+
+// A job that runs may still have to embed what it was started with. A look at the user's own folder may take
+// its time, too.
+void AppModel::discard(const QList<QUrl> &pictures)
+{
+    m_discarded += pictures;
+    if (encodingTask.value())
         return;
-    m_services.artworkFolder->discard(old->url);
-    m_services.artworkFolder->discard(old->originalURL);
+    const auto removal = [folder = m_services.artworkFolder, discarded = std::exchange(m_discarded, {})] {
+        for (const QUrl &picture : discarded)
+            folder->discard(picture);
+    };
+    m_tasks.start([removal](std::stop_token /*stop*/) { return inBackground(removal); });
 }
 
 void AppModel::clearCoverArt()
 {
     ++m_coverArtChoice;
-    if (const std::optional<PreparedCoverArt> old = coverArt.value()) {
-        m_services.artworkFolder->discard(old->url);
-        m_services.artworkFolder->discard(old->originalURL);
-    }
+    m_coverArtPreparation = {};
+    isPreparingCoverArt = false;
+    if (const std::optional<PreparedCoverArt> old = coverArt.value())
+        discard({old->url, old->originalURL});
     coverArtPreview = std::nullopt;
     coverArt = std::nullopt;
     coverArtOrigin = std::nullopt;
@@ -102,8 +113,19 @@ bool AppModel::useCoverArtFile(const QUrl &url)
                 lastPathComponent(url)));
         return false;
     }
+    const auto preparation = std::make_shared<QPromise<void>>();
+    preparation->start();
+    m_coverArtPreparation = preparation->future();
+    isPreparingCoverArt = true;
     const int choice = ++m_coverArtChoice;
-    m_tasks.start([this, url, choice](std::stop_token stop) { return prepareUserFile(url, choice, stop); });
+    m_tasks.start([this, url, choice, preparation](std::stop_token stop) -> QCoro::Task<> {
+        const auto over = qScopeGuard([this, choice, preparation] {
+            if (choice == m_coverArtChoice)
+                isPreparingCoverArt = false;
+            preparation->finish();
+        });
+        co_await prepareUserFile(url, choice, stop);
+    });
     return true;
 }
 
@@ -113,22 +135,20 @@ QCoro::Task<> AppModel::prepareUserFile(QUrl url, int choice, std::stop_token st
     const auto decoding = [url] { return screenPicture(url); };
     const std::optional<QImage> picture = co_await inBackground(decoding);
     throwIfCancelled(stop);
-    if (choice != m_coverArtChoice)
-        co_return;
-    if (!picture) {
+    if (!picture)
         alert = AlertContent(u"Couldn't Read Image"_s,
                              u"\"%1\" couldn't be opened as an image."_s.arg(lastPathComponent(url)));
+    if (!picture || choice != m_coverArtChoice)
         co_return;
-    }
     try {
-        const auto preparation = [url, budget = artworkBudget(), folder = m_services.artworkFolder] {
+        const auto making = [url, budget = artworkBudget(), folder = m_services.artworkFolder] {
             return CoverArtPreparation(folder).prepare(url, budget);
         };
-        const PreparedCoverArt prepared = co_await inBackground(preparation);
+        const PreparedCoverArt prepared = co_await inBackground(making);
         if (choice == m_coverArtChoice)
             setCoverArt(prepared, picture, u"Dropped file"_s);
         else
-            m_services.artworkFolder->discard(prepared.url);
+            discard({prepared.url});
     } catch (...) {
         alert = AlertContent(u"Couldn't Use Image"_s, std::current_exception());
     }
@@ -183,36 +203,6 @@ QCoro::Task<> AppModel::downloadArtwork(ReleaseInfo release, std::stop_token sto
         alert = AlertContent(u"Couldn't Fetch Artwork"_s, std::current_exception());
     }
     isFetchingArtwork = false;
-}
-
-std::optional<QString> AppModel::coverArtCaption() const
-{
-    const std::optional<PreparedCoverArt> art = coverArt.value();
-    if (!art)
-        return std::nullopt;
-    QStringList pieces;
-    if (const std::optional<QString> origin = coverArtOrigin.value())
-        pieces.append(*origin);
-    pieces.append(u"%1 × %2"_s.arg(art->pixelWidth).arg(art->pixelHeight));
-    pieces.append(byteCountText(art->byteCount));
-    const QString caption = pieces.join(u" · "_s);
-    if (art->url == art->originalURL)
-        return caption;
-    return QString(caption + u" (shrunk from "_s + byteCountText(art->originalByteCount) + u')');
-}
-
-std::optional<QString> AppModel::coverArtWarning() const
-{
-    const std::optional<PreparedCoverArt> art = coverArt.value();
-    const qint64 limit = m_settings.artworkSizeBudgetKilobytes();
-    if (!art || art->byteCount <= limit * bytesPerKilobyte)
-        return std::nullopt;
-    const QString size = byteCountText(art->byteCount);
-    if (m_settings.shrinkOversizedArtwork())
-        return u"Artwork is %1 — it couldn't be squeezed under %2 KB. Some players won't show it."_s.arg(
-            size, QString::number(limit));
-    return u"Artwork is %1, over the %2 KB limit. Some players won't show it. Turn on shrinking in Settings to fix that."_s
-        .arg(size, QString::number(limit));
 }
 
 } // namespace tonearm

@@ -7,6 +7,8 @@
 #include "support/PathText.h"
 #include "workflow/EncodingJob.h"
 
+#include <QCoroFuture>
+
 #include <QDateTime>
 #include <QScopeGuard>
 
@@ -60,6 +62,7 @@ QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token sto
     const auto over = qScopeGuard([this] { m_isLookingForOverwrites = false; });
     const std::optional<QUrl> source = inputFileURL.value();
     const std::optional<DiscInfo> disc = loadedDisc.value();
+    co_await untilCoverArtIsReady(stop);
     QList<ChapterInfo> units;
     QList<QUrl> existing;
     do {
@@ -79,7 +82,18 @@ QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token sto
     PendingOverwrite question;
     question.folder = destination;
     question.filenames = namesOf(existing);
+    m_unitsInQuestion = units;
     pendingOverwrite = question;
+}
+
+// What the user has chosen is embedded, however quickly the job is started after it.
+QCoro::Task<> AppModel::untilCoverArtIsReady(std::stop_token stop)
+{
+    while (isPreparingCoverArt.value()) {
+        const QFuture<void> preparation = m_coverArtPreparation;
+        co_await preparation;
+        throwIfCancelled(stop);
+    }
 }
 
 void AppModel::confirmOverwrite()
@@ -88,8 +102,13 @@ void AppModel::confirmOverwrite()
     if (!question)
         return;
     pendingOverwrite = std::nullopt;
-    if (canStartIn(question->folder))
+    if (!canStartIn(question->folder))
+        return;
+    // Titles that have changed behind the question may lead to files that it didn't name.
+    if (chapters.value() == m_unitsInQuestion)
         beginJob();
+    else
+        startEncoding();
 }
 
 bool AppModel::canStartIn(const QUrl &folder) const

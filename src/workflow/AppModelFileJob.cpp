@@ -41,6 +41,7 @@ QCoro::Task<> AppModel::runJob(std::shared_ptr<EncodingJob> job, std::stop_token
     else
         completeJob(*job);
     encodingTask = std::nullopt;
+    discard({});
 }
 
 QCoro::Task<std::shared_ptr<JobCoverArt>> AppModel::prepareJob(std::shared_ptr<EncodingJob> job)

@@ -70,7 +70,7 @@ bool AppModel::holdsUserWork() const
     const QList<ChapterInfo> all = chapters.value();
     if (!hasSource() || all.isEmpty() || completion.value())
         return false;
-    return coverArt.value() || std::any_of(all.begin(), all.end(), isEdited);
+    return coverArt.value() || isPreparingCoverArt.value() || std::any_of(all.begin(), all.end(), isEdited);
 }
 
 QString AppModel::workSummary() const
@@ -80,7 +80,7 @@ QString AppModel::workSummary() const
     QStringList pieces;
     if (edited > 0)
         pieces.append(edited == 1 ? u"1 edited title"_s : u"%1 edited titles"_s.arg(edited));
-    if (coverArt.value())
+    if (coverArt.value() || isPreparingCoverArt.value())
         pieces.append(u"the cover art you chose"_s);
     return pieces.isEmpty() ? u"the current setup"_s : pieces.join(u" and "_s);
 }

@@ -4,6 +4,7 @@
 #include "helpers/Contents.h"
 #include "helpers/Media.h"
 #include "helpers/ModelFixture.h"
+#include "helpers/NoisyPicture.h"
 #include "helpers/Printing.h"
 #include "helpers/ReleasePages.h"
 #include "helpers/Sources.h"
@@ -15,7 +16,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 namespace tonearm {
@@ -25,23 +25,12 @@ using namespace test;
 
 namespace {
 
-// Noise, so that its size as a file follows from its size in pixels.
-QImage noise(int side)
-{
-    QImage image(side, side, QImage::Format_RGB32);
-    QRandomGenerator random(7);
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x)
-            image.setPixel(x, y, random.generate());
-    return image;
-}
-
 class CoverArt : public testing::Test
 {
 protected:
     QUrl picture(const QString &name, int side = 60, const char *format = "JPEG")
     {
-        EXPECT_TRUE(noise(side).save(m_fixture.path(name), format));
+        EXPECT_TRUE(noisyPicture(side).save(m_fixture.path(name), format));
         return m_fixture.url(name);
     }
 
@@ -135,9 +124,13 @@ TEST_F(CoverArt, IsRefusedIfItIsNoPicture)
 
 TEST_F(CoverArt, IsWhatItIsWhateverItsName)
 {
-    use(picture(u"front.JPG"_s, 60, "PNG"));
-    EXPECT_TRUE(m_model.coverArt.value());
+    m_fixture.settings().setArtworkSizeBudgetKilobytes(50);
+    const QUrl url = picture(u"front.JPG"_s, 300, "PNG");
+    use(url);
     EXPECT_FALSE(m_model.alert.value());
+    ASSERT_TRUE(m_model.coverArt.value());
+    EXPECT_EQ(m_model.coverArt.value()->pixelWidth, 300) << "read as what it is";
+    EXPECT_TRUE(bytesOf(m_model.coverArt.value()->url).startsWith("\xFF\xD8")) << "shrunk as what it is";
 }
 
 TEST_F(CoverArt, IsShrunkUnderTheLimit)
@@ -154,6 +147,7 @@ TEST_F(CoverArt, IsShrunkUnderTheLimit)
     EXPECT_FALSE(m_model.coverArtWarning());
 
     m_model.clearCoverArt();
+    m_fixture.settle();
     EXPECT_TRUE(m_fixture.temporaryArtwork().isEmpty());
     EXPECT_TRUE(QFile::exists(url.toLocalFile()));
     EXPECT_FALSE(m_model.coverArtPreview.value());
@@ -244,6 +238,7 @@ TEST_F(CoverArt, TakesThePlaceOfWhatWasDownloadedBefore)
     EXPECT_EQ(m_fixture.temporaryArtwork().size(), 2);
     const QUrl own = picture(u"own.jpg"_s);
     use(own);
+    m_fixture.settle();
     EXPECT_TRUE(m_fixture.temporaryArtwork().isEmpty());
     use(picture(u"other.jpg"_s));
     EXPECT_TRUE(QFile::exists(own.toLocalFile()));
@@ -283,7 +278,7 @@ TEST_F(CoverArt, IsLeftAloneIfItsSmallerCopyHasNoPlace)
     m_fixture.settings().setArtworkSizeBudgetKilobytes(50);
     const QTemporaryDir elsewhere;
     const QString large = elsewhere.filePath(u"large.jpg"_s);
-    ASSERT_TRUE(noise(900).save(large, "JPEG"));
+    ASSERT_TRUE(noisyPicture(900).save(large, "JPEG"));
     ASSERT_TRUE(QDir(m_fixture.path(u"Tonearm"_s)).removeRecursively());
     ASSERT_TRUE(QDir().mkpath(m_fixture.path(u"Tonearm"_s)));
     test::writeFile(m_fixture.path(u"Tonearm/Artwork"_s), {});

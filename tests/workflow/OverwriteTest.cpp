@@ -315,4 +315,18 @@ TEST_F(SlowFolder, StartsNothingOnceTheToolsCountAsMissing)
     expectNothingHappened();
 }
 
+TEST_F(Overwrite, IsAskedAboutAgainWhenTheTitlesHaveChangedBehindTheQuestion)
+{
+    ASSERT_NO_FATAL_FAILURE(makeOlder({3}));
+    ASSERT_NO_FATAL_FAILURE(ask());
+    ASSERT_NO_FATAL_FAILURE(makeOlder({5}));
+    m_model.setMappedTitle(0, u"Other"_s);
+    m_model.confirmOverwrite();
+    m_fixture.settle();
+    ASSERT_TRUE(m_model.pendingOverwrite.value());
+    EXPECT_EQ(m_model.pendingOverwrite.value()->filenames,
+              (QStringList{u"03-Song-3.flac"_s, u"05-Song-5.flac"_s}));
+    EXPECT_FALSE(m_model.encodingTask.value());
+}
+
 } // namespace tonearm

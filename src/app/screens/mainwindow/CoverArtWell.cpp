@@ -23,10 +23,10 @@ constexpr int gap = 6;
 
 ArtworkWellContent contentOf(const AppModel &model)
 {
-    const bool isFetching = model.isFetchingArtwork.value();
+    const bool isComing = model.isFetchingArtwork.value() || model.isPreparingCoverArt.value();
     if (const std::optional<QImage> picture = model.coverArtPreview.value())
-        return {ArtworkWellContent::Image{*picture, isFetching}};
-    if (isFetching)
+        return {ArtworkWellContent::Image{*picture, isComing}};
+    if (isComing)
         return {ArtworkWellContent::Loading{}};
     return {ArtworkWellContent::Empty{u"Cover art"_s}};
 }
