@@ -2,6 +2,7 @@
 // The banner about the audio tools.
 #include "e2e/ShownWindow.h"
 
+#include "app/screens/elements/IconLabel.h"
 #include "app/screens/elements/Spinner.h"
 #include "app/screens/mainwindow/FFmpegBanner.h"
 #include "helpers/Await.h"
@@ -97,6 +98,9 @@ TEST_F(ToolBannerTest, AnnouncesToolsThatAreFoundAgainAndLeaves)
     click(window.button(u"Check Again"_s));
     waitForCheck();
     EXPECT_TRUE(window.shows<QLabel>(found));
+    const auto &title = window.find<IconLabel>(found);
+    EXPECT_EQ(title.iconName(), IconName::success);
+    EXPECT_EQ(title.iconTone(), Tone::success);
     EXPECT_FALSE(window.shows(missing));
     EXPECT_TRUE(window.shows<QLabel>(std::get<FFmpegInstallation>(model.ffmpegStatus.value()).displayLine()));
     EXPECT_FALSE(window.shows(u"Check Again"_s));

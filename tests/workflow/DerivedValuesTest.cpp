@@ -42,6 +42,23 @@ TEST(AppModel, StartsEmpty)
     for (const QProperty<QString> *field : {&model.artist, &model.albumTitle, &model.albumYear, &model.genre,
                                             &model.discNumber, &model.discTotal, &model.progressMessage})
         EXPECT_EQ(field->value(), QString());
+    EXPECT_TRUE(model.detectedDiscs.value().isEmpty());
+    EXPECT_FALSE(model.loadedDisc.value());
+    EXPECT_TRUE(model.searchResults.value().isEmpty());
+    EXPECT_FALSE(model.selectedReleaseID.value());
+    EXPECT_FALSE(model.selectedRelease.value());
+    EXPECT_TRUE(model.searchNotices.value().isEmpty());
+    EXPECT_FALSE(model.isShowingSearchResults.value());
+    EXPECT_FALSE(model.isLoadingReleases.value());
+    EXPECT_FALSE(model.loadingReleaseID.value());
+    EXPECT_FALSE(model.coverArt.value());
+    EXPECT_FALSE(model.coverArtPreview.value());
+    EXPECT_FALSE(model.coverArtOrigin.value());
+    EXPECT_FALSE(model.isFetchingArtwork.value());
+    EXPECT_FALSE(model.isPreparingCoverArt.value());
+    EXPECT_TRUE(model.trackVerifications.value().isEmpty());
+    EXPECT_FALSE(model.previewingChapterID.value());
+    EXPECT_FALSE(model.preparingPreviewChapterID.value());
     EXPECT_TRUE(model.chapters.value().isEmpty());
     EXPECT_FALSE(model.sourceAudio.value());
     EXPECT_EQ(model.currentState.value(), WorkflowState(Kind::idle));
@@ -63,7 +80,9 @@ TEST(AppModel, StartsWithoutTasks)
 {
     ModelFixture fixture;
     const AppModel &model = fixture.model();
+    EXPECT_FALSE(model.searchTask.value());
     EXPECT_FALSE(model.encodingTask.value());
+    EXPECT_FALSE(model.previewTask.value());
     EXPECT_FALSE(model.ffmpegCheckTask.value());
     EXPECT_FALSE(model.confirmationTask.value());
     EXPECT_FALSE(model.paranoiaCheckTask.value());

@@ -289,6 +289,27 @@ TEST_F(DiscJob, IsCancelledWhenTheDiscIsPulledOutDuringAReading)
     EXPECT_TRUE(messages.contains(u"The disc was ejected."_s));
 }
 
+TEST_F(DiscJob, EndsWithoutAnAlertWhenTheUserCancelsIt)
+{
+    ASSERT_NO_FATAL_FAILURE(readSecurely());
+    m_fixture.secureReader().isEndlessRip = true;
+    load();
+    const auto onReading = atMessage(u"Reading track 1"_s, [this] { m_model.cancelEncoding(); });
+    m_fixture.runJob();
+    EXPECT_EQ(m_model.currentState.value(), WorkflowState(Kind::idle));
+    EXPECT_EQ(m_model.statusText(), u"Ripping cancelled."_s);
+    EXPECT_FALSE(m_model.alert.value());
+    EXPECT_TRUE(m_model.loadedDisc.value());
+}
+
+TEST_F(DiscJob, EmptiesTheVerificationsOfTheJobBefore)
+{
+    load();
+    m_model.trackVerifications = QMap<qint64, RipVerification>{{77, RipVerification::mismatched}};
+    m_fixture.runJob();
+    EXPECT_FALSE(m_model.trackVerifications.value().contains(77));
+}
+
 TEST_F(DiscJob, IsCancelledWhenTheDiscIsPulledOutDuringAVerification)
 {
     ASSERT_NO_FATAL_FAILURE(readSecurely());

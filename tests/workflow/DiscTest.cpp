@@ -4,6 +4,8 @@
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
 #include "helpers/ReleasePages.h"
+#include "helpers/ScriptedTools.h"
+#include "workflow/Leftovers.h"
 
 #include <gtest/gtest.h>
 
@@ -90,6 +92,33 @@ TEST_F(Discs, BecomeTheSourceWithTheirTracks)
     EXPECT_EQ(m_model.progressMessage.value(), u"Found 2 tracks."_s);
     EXPECT_TRUE(m_model.isShowingSearchResults.value());
     EXPECT_TRUE(m_model.isLoadingReleases.value());
+}
+
+TEST_F(Discs, TakeTheOldSourcesThingsAway)
+{
+    test::fillLeftovers(m_model);
+    m_model.searchNotices = {MetadataSearchOutcome::Notice()};
+    m_model.loadDisc(disc(u"A"_s, {u"Only"_s}));
+    test::expectNoLeftovers(m_model);
+    EXPECT_TRUE(m_model.searchNotices.value().isEmpty());
+    EXPECT_EQ(m_model.progressMessage.value(), u"Found 1 track."_s);
+}
+
+TEST_F(Discs, SweepAFinishedJobAwayCompletely)
+{
+    test::fillFinishedJob(m_model);
+    m_model.loadDisc(disc(u"A"_s));
+    test::expectNoFinishedJob(m_model);
+    EXPECT_EQ(m_model.loadedDisc.value(), disc(u"A"_s));
+}
+
+TEST_F(Discs, LeaveWhatWasTypedBeforeAnyJob)
+{
+    test::fillFinishedJob(m_model);
+    m_model.completion = std::nullopt;
+    m_model.loadDisc(disc(u"A"_s));
+    EXPECT_EQ(m_model.artist.value(), u"typed"_s);
+    EXPECT_TRUE(m_model.coverArt.value());
 }
 
 TEST_F(Discs, AreLookedUpByTheirID)
@@ -309,6 +338,19 @@ TEST_F(Discs, AreReadSecurelyOnlyWithAllThatTakes)
     m_fixture.settings().setUseSecureCDRipping(true);
     m_model.loadedDisc = disc(u"A"_s);
     EXPECT_FALSE(m_model.usesSecureRipping());
+}
+
+TEST(SecureRipping, NeedsItsTool)
+{
+    ScriptedTools tools;
+    ModelFixture fixture{{.tools = tools.location()}};
+    fixture.settings().setUseSecureCDRipping(true);
+    DiscInfo readable = disc(u"A"_s);
+    readable.rawDevice = QUrl::fromLocalFile(u"/dev/sr0"_s);
+    fixture->loadedDisc = readable;
+    EXPECT_FALSE(fixture->usesSecureRipping());
+    tools.add(u"cd-paranoia"_s, "exit 0");
+    EXPECT_TRUE(fixture->usesSecureRipping());
 }
 
 } // namespace tonearm

@@ -5,6 +5,7 @@
 #include "helpers/ModelFixture.h"
 #include "helpers/Printing.h"
 #include "helpers/ScriptedTools.h"
+#include "workflow/Leftovers.h"
 
 #include <gtest/gtest.h>
 
@@ -33,30 +34,18 @@ protected:
     AppModel &m_model = m_fixture.model();
 };
 
-// Puts something into every field that a load looks after.
-void fillLeftovers(AppModel &model)
-{
-    model.chapters = QList<ChapterInfo>{{.originalTitle = u"Old"_s, .mappedTitle = u"Old"_s}};
-    model.sourceAudio = AudioStreamInfo{.codecName = u"dts"_s};
-    model.encodedFiles = QList{QUrl::fromLocalFile(u"/music/01-Old.flac"_s)};
-    model.lastOutputFolder = QUrl::fromLocalFile(u"/music"_s);
-    model.lastLogURL = QUrl::fromLocalFile(u"/music/old.log"_s);
-    model.encodingProgress = 0.5;
-    model.progressMessage = u"Old."_s;
-}
-
 } // namespace
 
 TEST_F(SourceLoading, ClearsWhatBelongsToTheOldSourceAtOnce)
 {
-    fillLeftovers(m_model);
+    test::fillLeftovers(m_model);
+    m_model.loadedDisc = DiscInfo();
     m_model.loadFile(m_fixture.url(u"a.mkv"_s));
     EXPECT_EQ(m_model.inputFileURL.value(), m_fixture.url(u"a.mkv"_s));
+    EXPECT_FALSE(m_model.loadedDisc.value());
     EXPECT_TRUE(m_model.chapters.value().isEmpty());
     EXPECT_FALSE(m_model.sourceAudio.value());
-    EXPECT_TRUE(m_model.encodedFiles.value().isEmpty());
-    EXPECT_FALSE(m_model.lastOutputFolder.value());
-    EXPECT_EQ(m_model.encodingProgress.value(), 0.0);
+    test::expectNoLeftovers(m_model);
     EXPECT_EQ(m_model.currentState.value(), WorkflowState(Kind::extractingChapters));
     EXPECT_EQ(m_model.progressMessage.value(), QString());
     EXPECT_EQ(m_model.statusText(), u"Reading chapters…"_s);
@@ -66,9 +55,9 @@ TEST_F(SourceLoading, BeginsFromEveryState)
 {
     for (const WorkflowState &state :
          {WorkflowState(Kind::idle), WorkflowState(Kind::extractingChapters),
-          WorkflowState(Kind::searchingMetadata), WorkflowState(Kind::awaitingUserMapping),
-          WorkflowState(Kind::encoding), WorkflowState(Kind::complete),
-          WorkflowState::error(u"No good."_s)}) {
+          WorkflowState(Kind::readingDisc), WorkflowState(Kind::searchingMetadata),
+          WorkflowState(Kind::awaitingUserMapping), WorkflowState(Kind::encoding),
+          WorkflowState(Kind::complete), WorkflowState::error(u"No good."_s)}) {
         m_model.currentState = state;
         m_model.loadFile(m_fixture.url(u"a.mkv"_s));
         EXPECT_EQ(m_model.currentState.value(), WorkflowState(Kind::extractingChapters));
@@ -79,7 +68,7 @@ TEST_F(SourceLoading, BeginsFromEveryState)
 
 TEST_F(SourceLoading, LeavesTheFoldersAndTheLog)
 {
-    fillLeftovers(m_model);
+    test::fillLeftovers(m_model);
     m_model.outputFolderURL = m_fixture.url(u"out"_s);
     load(u"a.mkv"_s);
     EXPECT_EQ(m_model.outputFolderURL.value(), m_fixture.url(u"out"_s));
@@ -179,18 +168,12 @@ TEST_F(SourceLoading, KeepsWhatWasTypedForTheAlbum)
 TEST_F(SourceLoading, SweepsAFinishedJobAwayCompletely)
 {
     load(u"a.mkv"_s);
-    fillLeftovers(m_model);
-    for (QProperty<QString> *field : {&m_model.artist, &m_model.albumTitle, &m_model.albumYear,
-                                      &m_model.genre, &m_model.discNumber, &m_model.discTotal})
-        *field = u"typed"_s;
-    m_model.completion = EncodingCompletion();
-    m_model.requestFile(m_fixture.url(u"b.mkv"_s));
+    test::fillLeftovers(m_model);
+    test::fillFinishedJob(m_model);
+    EXPECT_TRUE(m_model.acceptDroppedFile(m_fixture.url(u"b.mkv"_s)));
     EXPECT_FALSE(m_model.pendingSourceChange.value());
-    for (const QProperty<QString> *field : {&m_model.artist, &m_model.albumTitle, &m_model.albumYear,
-                                            &m_model.genre, &m_model.discNumber, &m_model.discTotal})
-        EXPECT_EQ(field->value(), QString());
-    EXPECT_FALSE(m_model.completion.value());
-    EXPECT_FALSE(m_model.lastOutputFolder.value());
+    test::expectNoFinishedJob(m_model);
+    test::expectNoLeftovers(m_model);
     EXPECT_EQ(m_model.inputFileURL.value(), m_fixture.url(u"b.mkv"_s));
     EXPECT_EQ(m_model.currentState.value(), WorkflowState(Kind::extractingChapters));
 }
