@@ -3,6 +3,7 @@
 #include "app/TonearmApp.h"
 #include "support/ResourceFolder.h"
 #include "support/StateFolder.h"
+#include "tools/ChildSignal.h"
 
 #include <QApplication>
 #include <QDir>
@@ -70,6 +71,7 @@ int open(const tonearm::LaunchRequest &request)
 int main(int argc, char **argv)
 {
     settleStandardDescriptors();
+    tonearm::restoreChildSignal();
     nameApplication();
     switch (tonearm::launchTextAskedFor(wordsOf(argc, argv))) {
     case tonearm::LaunchText::help:
