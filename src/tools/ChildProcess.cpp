@@ -125,7 +125,8 @@ ChildProcess ChildProcess::launch(const QString &executable, const QStringList &
 bool ChildProcess::isRunning() const
 {
     pollfd exit{m_pidfd.number(), POLLIN, 0};
-    return ::poll(&exit, 1, 0) == 0;
+    // Only a child that is known to have ended counts as that; the look itself may fail.
+    return ::poll(&exit, 1, 0) != 1;
 }
 
 void ChildProcess::terminate() const
