@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <system_error>
 
 namespace tonearm {
 
@@ -23,6 +24,13 @@ std::vector<pollfd> watched(const std::vector<PipeSource> &sources)
     return pipes;
 }
 
+// To be called with errno still set: what has only been put off may be tried again.
+void throwUnlessPutOff()
+{
+    if (errno != EINTR && errno != EAGAIN)
+        throw std::system_error(errno, std::generic_category());
+}
+
 void readChunk(pollfd &pipe, const PipeSource &source)
 {
     constexpr std::size_t chunkBytes = 65536; // a pipe's buffer on Linux
@@ -30,18 +38,22 @@ void readChunk(pollfd &pipe, const PipeSource &source)
     const ssize_t count = ::read(pipe.fd, buffer.data(), buffer.size());
     if (count > 0)
         source.onChunk(QByteArrayView(buffer.data(), count));
-    else if (count == 0 || errno != EINTR)
+    else if (count == 0)
         pipe.fd = ended;
+    else
+        throwUnlessPutOff();
 }
 
 } // namespace
 
-void readToEnd(const std::vector<PipeSource> &sources) noexcept
+void readToEnd(const std::vector<PipeSource> &sources)
 {
     std::vector<pollfd> pipes = watched(sources);
     while (std::any_of(pipes.begin(), pipes.end(), [](const pollfd &pipe) { return pipe.fd != ended; })) {
-        if (::poll(pipes.data(), pipes.size(), -1) < 0)
+        if (::poll(pipes.data(), pipes.size(), -1) < 0) {
+            throwUnlessPutOff();
             continue;
+        }
         for (std::size_t index = 0; index < pipes.size(); ++index) {
             if (pipes[index].revents != 0)
                 readChunk(pipes[index], sources[index]);

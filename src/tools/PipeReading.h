@@ -18,7 +18,8 @@ struct PipeSource
 /// Blocks until every one of the pipes has reached its end, and hands each chunk on as it comes. The
 /// pipes are read side by side, so that who writes to several never stalls on one of them.
 ///
-/// Nothing may be thrown in here: a reader that gave up would leave the writer stalled for ever.
-void readToEnd(const std::vector<PipeSource> &sources) noexcept;
+/// Throws std::system_error if the system fails to read. The caller closes the read ends then, so that
+/// the writer isn't stalled for ever.
+void readToEnd(const std::vector<PipeSource> &sources);
 
 } // namespace tonearm

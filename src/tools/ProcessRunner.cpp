@@ -6,7 +6,7 @@
 #include "tools/ChildProcess.h"
 #include "tools/LaunchGate.h"
 #include "tools/LineSplitter.h"
-#include "tools/PipeReading.h"
+#include "tools/PipeReader.h"
 
 #include <QCoroFuture>
 
@@ -14,7 +14,6 @@
 
 #include <thread>
 #include <utility>
-#include <vector>
 
 namespace tonearm {
 
@@ -42,28 +41,32 @@ public:
         Pipe errors = Pipe::open();
         RunResult result;
         LineSplitter lines(m_onStderrLine);
-        const PipeSource standardOutput{output.readEnd.number(),
-                                        [&](QByteArrayView chunk) { result.stdoutBytes.append(chunk); }};
-        const PipeSource standardError{errors.readEnd.number(), [&](QByteArrayView chunk) {
-                                           result.stderrBytes.append(chunk);
-                                           lines.add(chunk);
-                                       }};
-
+        PipeReader reader;
+        PipeReader secondReader;
+        reader.add(std::move(errors.readEnd), [&](QByteArrayView chunk) {
+            result.stderrBytes.append(chunk);
+            lines.add(chunk);
+        });
         // One thread reads both pipes, unless a callback could hold it up: stdout must not wait for that.
+        (m_onStderrLine ? secondReader : reader).add(std::move(output.readEnd), [&](QByteArrayView chunk) {
+            result.stdoutBytes.append(chunk);
+        });
         // The second one is there before the launch, so that no child goes unread for want of a thread.
-        std::jthread outputReader;
-        std::vector<PipeSource> readHere{standardError};
+        std::jthread outputReading;
         if (m_onStderrLine)
-            outputReader = std::jthread([&] { readToEnd({standardOutput}); });
-        else
-            readHere.push_back(standardOutput);
+            outputReading = std::jthread([&] { secondReader.readToEnd(); });
 
         const ChildProcess &child = launch(gate, std::move(output.writeEnd), std::move(errors.writeEnd));
-        readToEnd(readHere);
+        reader.readToEnd();
         lines.finish();
-        if (outputReader.joinable())
-            outputReader.join();
-        throwUnlessSuccessful(gate, child.wait(), result.stderrBytes);
+        if (outputReading.joinable())
+            outputReading.join();
+        const std::int32_t status = child.wait();
+        if (gate.isCancelled())
+            throw CancellationError{};
+        reader.throwIfFailed();
+        secondReader.throwIfFailed();
+        throwUnlessSuccessful(status, result.stderrBytes);
         return result;
     }
 
@@ -75,11 +78,8 @@ private:
         return gate.store(ChildProcess::launch(m_executable, m_arguments, standardOutput, standardError));
     }
 
-    void throwUnlessSuccessful(const LaunchGate &gate, std::int32_t status,
-                               const QByteArray &stderrBytes) const
+    void throwUnlessSuccessful(std::int32_t status, const QByteArray &stderrBytes) const
     {
-        if (gate.isCancelled())
-            throw CancellationError{};
         if (status != 0) {
             throw ProcessRunnerError::nonZeroExit(m_command, status,
                                                   decodedUtf8(stderrBytes).value_or(QString()));

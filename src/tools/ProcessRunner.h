@@ -60,7 +60,7 @@ public:
     /// inherits standard input, environment and working directory, and nothing else.
     ///
     /// Throws CancellationError after a stop request, whatever the child's exit status (the child gets
-    /// a SIGTERM and is waited for), std::system_error if the program can't be started, and
+    /// a SIGTERM and is waited for), std::system_error if the program can't be started or followed, and
     /// ProcessRunnerError for an exit status other than 0. The caller's thread needs an event loop.
     QCoro::Task<RunResult> run(QUrl executableURL, QStringList arguments, LineCallback onStderrLine,
                                std::stop_token stop) const;

@@ -7,8 +7,11 @@
 
 #include <QByteArray>
 
+#include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -29,6 +32,26 @@ void writeAll(const FileDescriptor &writeEnd, const QByteArray &bytes)
         written += count;
     }
 }
+
+// Has the system refuse to watch any descriptor, for a while.
+class NoDescriptorsAllowed
+{
+public:
+    NoDescriptorsAllowed()
+    {
+        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &m_original), 0);
+        const rlimit none{0, m_original.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    }
+
+    ~NoDescriptorsAllowed() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &m_original), 0); }
+
+    NoDescriptorsAllowed(const NoDescriptorsAllowed &) = delete;
+    NoDescriptorsAllowed &operator=(const NoDescriptorsAllowed &) = delete;
+
+private:
+    rlimit m_original{};
+};
 
 PipeSource collecting(const Pipe &pipe, QByteArray &bytes)
 {
@@ -95,6 +118,20 @@ TEST(PipeReading, EndsAtOnceWithoutPipes)
 {
     readToEnd({});
     SUCCEED();
+}
+
+TEST(PipeReading, TakesNoFailureToReadForTheEnd)
+{
+    // The system says that a folder can be read, and refuses to.
+    const FileDescriptor folder(::open("/", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    EXPECT_THROW(readToEnd({{folder.number(), [](QByteArrayView) {}}}), std::system_error);
+}
+
+TEST(PipeReading, FailsWhenThePipesCannotBeWatched)
+{
+    const Pipe pipe = Pipe::open();
+    const NoDescriptorsAllowed limit;
+    EXPECT_THROW(readToEnd({{pipe.readEnd.number(), [](QByteArrayView) {}}}), std::system_error);
 }
 
 } // namespace tonearm
