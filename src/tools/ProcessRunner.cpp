@@ -35,7 +35,22 @@ public:
     {
     }
 
+    // A cancelled run ends with the cancellation, whatever else may have gone wrong.
     RunResult carryOut(LaunchGate &gate) const
+    {
+        RunResult result;
+        try {
+            result = resultOfChild(gate);
+        } catch (...) {
+            throwIfCancelled(gate);
+            throw;
+        }
+        throwIfCancelled(gate);
+        return result;
+    }
+
+private:
+    RunResult resultOfChild(LaunchGate &gate) const
     {
         Pipe output = Pipe::open();
         Pipe errors = Pipe::open();
@@ -62,20 +77,23 @@ public:
         if (outputReading.joinable())
             outputReading.join();
         const std::int32_t status = child.wait();
-        if (gate.isCancelled())
-            throw CancellationError{};
         reader.throwIfFailed();
         secondReader.throwIfFailed();
         throwUnlessSuccessful(status, result.stderrBytes);
         return result;
     }
 
-private:
     // Takes over the write ends, so that the readers end with the child, or at once if there is none.
     const ChildProcess &launch(LaunchGate &gate, FileDescriptor standardOutput,
                                FileDescriptor standardError) const
     {
         return gate.store(ChildProcess::launch(m_executable, m_arguments, standardOutput, standardError));
+    }
+
+    static void throwIfCancelled(const LaunchGate &gate)
+    {
+        if (gate.isCancelled())
+            throw CancellationError{};
     }
 
     void throwUnlessSuccessful(std::int32_t status, const QByteArray &stderrBytes) const

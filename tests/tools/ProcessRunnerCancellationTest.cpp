@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helpers/Await.h"
+#include "helpers/Borrowed.h"
 #include "helpers/Contents.h"
 #include "support/Cancellation.h"
 #include "tools/Census.h"
@@ -109,6 +110,16 @@ TEST(ProcessRunner, FailsWithTheCancellationWhenTheChildFails)
     test::StartedRun started(scripts.add(u"tool"_s, "trap 'echo broken >&2; exit 9' TERM\n"
                                                     "echo $$ > $here/number\n"
                                                     "while :; do sleep 0.01; done"));
+    EXPECT_GT(scripts.numberIn(u"number"_s), 0);
+    started.cancel();
+    EXPECT_TRUE(started.endsCancelled());
+}
+
+TEST(ProcessRunner, FailsWithTheCancellationWhenTheChildCannotBeWaitedFor)
+{
+    const test::Scripts scripts;
+    const test::BorrowedSignals ignored(SIGCHLD, SIGUSR1);
+    test::StartedRun started(scripts.add(u"tool"_s, "echo $$ > $here/number; exec sleep 60"));
     EXPECT_GT(scripts.numberIn(u"number"_s), 0);
     started.cancel();
     EXPECT_TRUE(started.endsCancelled());
