@@ -49,8 +49,12 @@ std::optional<QByteArray> unpackedGzip(QByteArray packed, qint64 limit)
     QByteArray result;
     int state = Z_OK;
     // A file that is cut off ends in Z_BUF_ERROR: there is nothing more to go on with.
-    while (state == Z_OK && result.size() <= limit)
+    while (state == Z_OK && result.size() <= limit) {
         state = unpackPiece(stream, result, limit);
+        // A gzip file has one member or more, each packed for itself, and nothing else.
+        if (state == Z_STREAM_END && stream.avail_in > 0)
+            state = inflateReset(&stream);
+    }
     if (state != Z_STREAM_END && result.size() <= limit)
         return std::nullopt;
     return result;

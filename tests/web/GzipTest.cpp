@@ -46,6 +46,23 @@ TEST(Gzip, NoticesADamage)
     EXPECT_EQ(unpackedGzip("{\"title\": \"a\"}", plenty), std::nullopt);
 }
 
+TEST(Gzip, UnpacksEveryMember)
+{
+    const QByteArray nothing = test::gzip({});
+    const QByteArray packed = test::gzip("{\"title\": ") + nothing + test::gzip(someText()) + test::gzip("}");
+    EXPECT_EQ(unpackedGzip(packed, plenty), "{\"title\": " + someText() + "}");
+    EXPECT_EQ(unpackedGzip(packed, 3), "{\"ti");
+    EXPECT_EQ(unpackedGzip(packed.chopped(1), plenty), std::nullopt);
+}
+
+TEST(Gzip, NoticesWhatIsNoMember)
+{
+    const QByteArray packed = test::gzip("{}");
+    for (const QByteArray &rest :
+         {QByteArray("\0", 1), QByteArray("}"), QByteArray("\x1f\x8b"), packed.first(9)})
+        EXPECT_EQ(unpackedGzip(packed + rest, plenty), std::nullopt) << rest.toHex().constData();
+}
+
 TEST(Gzip, EndsOneByteBeyondTheLimit)
 {
     const QByteArray packed = test::gzip(QByteArray(200'000, 'a'));
