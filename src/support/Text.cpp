@@ -23,6 +23,19 @@ bool isSpaceOrLineEnd(QChar unit)
     return unit.isSpace();
 }
 
+// Whether a mark on such a letter is an accent, which a search may pass over.
+bool takesAccents(char32_t letter)
+{
+    switch (QChar::script(letter)) {
+    case QChar::Script_Latin:
+    case QChar::Script_Greek:
+    case QChar::Script_Cyrillic:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool isBlank(QChar unit)
 {
     return unit == u'\t' || unit.category() == QChar::Separator_Space;
@@ -88,8 +101,12 @@ QString folded(const QString &text)
     const QString decomposed = text.toCaseFolded().normalized(QString::NormalizationForm_D);
     QString result;
     result.reserve(decomposed.size());
+    bool isOnAccented = false;
     for (const char32_t scalar : decomposed.toUcs4()) {
-        if (!QChar::isMark(scalar))
+        const bool isMark = QChar::isMark(scalar);
+        if (!isMark)
+            isOnAccented = takesAccents(scalar);
+        if (!isMark || !isOnAccented)
             result.append(QChar::fromUcs4(scalar));
     }
     return result;

@@ -35,7 +35,7 @@ char32_t firstScalar(QStringView character);
 bool isNumeric(QStringView character);
 
 /// The form in which texts are compared regardless of case and accents: case folded, decomposed,
-/// without combining marks.
+/// without the marks on Latin, Greek and Cyrillic letters. Other scripts tell words apart by theirs.
 QString folded(const QString &text);
 
 } // namespace tonearm

@@ -51,7 +51,19 @@ TEST(Text, KnowsNumbersOfEveryScript)
 TEST(Text, FoldsCaseAndAccents)
 {
     EXPECT_EQ(folded(u"Björk"_s), folded(u"BJO\u0308RK"_s));
+    EXPECT_EQ(folded(u"É"_s), u"e"_s);
+    EXPECT_EQ(folded(u"Ё"_s), u"е"_s);
+    EXPECT_EQ(folded(u"Ά"_s), u"α"_s);
+    EXPECT_EQ(folded(u"ệ"_s), u"e"_s);
     EXPECT_NE(folded(u"Bjork"_s), folded(u"Bjork!"_s));
+}
+
+TEST(Text, FoldsNoMarkThatTellsWordsApart)
+{
+    EXPECT_NE(folded(u"दिल"_s), folded(u"दाल"_s));
+    EXPECT_NE(folded(u"か"_s), folded(u"が"_s));
+    EXPECT_EQ(folded(u"が"_s), folded(u"か\u3099"_s));
+    EXPECT_EQ(folded(u"é か\u3099 é"_s), u"e か\u3099 e"_s);
 }
 
 } // namespace tonearm
