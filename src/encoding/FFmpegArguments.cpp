@@ -77,7 +77,7 @@ QStringList metadataArguments(const TrackEncoding &track)
     };
     QStringList result;
     for (const auto &[key, value] : pairs) {
-        const QString text = trimmed(value);
+        const QString text = trimmed(withoutNull(value));
         if (!text.isEmpty())
             result << u"-metadata"_s << QString(key + u'=' + text);
     }

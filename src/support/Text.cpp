@@ -96,6 +96,11 @@ bool isNumeric(QStringView character)
     return QChar::isNumber(firstScalar(character));
 }
 
+QString withoutNull(QString text)
+{
+    return text.remove(QChar::Null);
+}
+
 QString folded(const QString &text)
 {
     const QString decomposed = text.toCaseFolded().normalized(QString::NormalizationForm_D);

@@ -34,6 +34,9 @@ char32_t firstScalar(QStringView character);
 /// Whether a character is a number in Unicode's sense, told by its first code point.
 bool isNumeric(QStringView character);
 
+/// The text without U+0000, at which a text ends for programs that are given it.
+QString withoutNull(QString text);
+
 /// The form in which texts are compared regardless of case and accents: case folded, decomposed,
 /// without the marks on Latin, Greek and Cyrillic letters. Other scripts tell words apart by theirs.
 QString folded(const QString &text);

@@ -36,7 +36,7 @@ QString normalForm(EditableTagField field, const QString &typed)
     case EditableTagField::album:
     case EditableTagField::title:
     case EditableTagField::genre:
-        return trimmed(typed);
+        return trimmed(withoutNull(typed));
     case EditableTagField::trackPosition:
     case EditableTagField::discNumber:
         return digitsOnlyNumber(typed);

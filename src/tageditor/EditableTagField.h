@@ -21,7 +21,7 @@ inline constexpr std::array allEditableTagFields = {
 QString label(EditableTagField field);
 
 /// What of a typed text counts: a position's digits as a number, a year's first four digits, any other text
-/// without white space at its ends.
+/// without white space at its ends and without U+0000.
 QString normalForm(EditableTagField field, const QString &typed);
 
 } // namespace tonearm

@@ -183,6 +183,15 @@ TEST(FFmpegArguments, LeaveOutAnEmptyTitle)
     EXPECT_EQ(pairsIn(ffmpegArguments(track)), (QStringList{u"track=2"_s, u"TRACKTOTAL=11"_s}));
 }
 
+TEST(FFmpegArguments, HoldNoNullThatWouldCutATag)
+{
+    TrackEncoding track = fullTrack();
+    track.metadata = {.artist = QString(QChar::Null)};
+    track.chapter.mappedTitle = QString(u"a"_s + QChar::Null + u"b "_s + QChar::Null);
+    EXPECT_EQ(pairsIn(ffmpegArguments(track)),
+              (QStringList{u"track=2"_s, u"TRACKTOTAL=11"_s, u"title=ab"_s}));
+}
+
 TEST(FFmpegArguments, ReduceYearAndDiscNumbers)
 {
     const auto has = [](const AudioMetadata &metadata, const QString &pair) {

@@ -66,4 +66,10 @@ TEST(Text, FoldsNoMarkThatTellsWordsApart)
     EXPECT_EQ(folded(u"é か\u3099 é"_s), u"e か\u3099 e"_s);
 }
 
+TEST(Text, DropsEveryNull)
+{
+    EXPECT_EQ(withoutNull(QString::fromUtf16(u"\0a\0\0b\0", 6)), u"ab"_s);
+    EXPECT_EQ(withoutNull(u"ab"_s), u"ab"_s);
+}
+
 } // namespace tonearm

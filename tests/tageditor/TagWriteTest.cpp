@@ -86,6 +86,13 @@ TEST(TagWrite, CleansWhatWasTyped)
     EXPECT_EQ(pairsFor({}, {{Field::discNumber, u"disc 2"_s}}), QStringList{u"disc=2"_s});
 }
 
+TEST(TagWrite, HoldsNoNullThatWouldCutATag)
+{
+    const QString typed = u"So"_s + QChar::Null + u"ng"_s;
+    EXPECT_EQ(pairsFor({}, {{Field::title, typed}}), QStringList{u"title=Song"_s});
+    EXPECT_EQ(pairsFor(storedTags(), {{Field::title, typed}}), QStringList());
+}
+
 TEST(TagWrite, LeavesOutAnEditThatCleansToTheCurrentValue)
 {
     const TagChangeSet changes{.fieldEdits = {{original,
