@@ -16,14 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isNamedMatroska(const QUrl &url)
-{
-    const QString name = lastPathComponent(url);
-    // A full stop in front makes a name hidden and gives it no extension.
-    const qsizetype stop = name.lastIndexOf(u'.');
-    return stop > 0 && name.sliced(stop + 1).toLower() == u"mkv"_s;
-}
-
 QStringList probeArguments(const QString &path)
 {
     return {u"-v"_s,
@@ -60,7 +52,7 @@ QCoro::Task<SourceInspection> ChapterExtractionService::inspect(QUrl url, std::s
     const ToolLocation tools = m_tools;
     const ProcessRunner processRunner = m_processRunner;
 
-    if (!isNamedMatroska(url))
+    if (lowerCaseExtension(url) != u"mkv"_s)
         throw ChapterExtractionError::notMatroska(url);
     const QString path = url.toLocalFile();
     // What is awaited is called with named values only: of temporaries inside a co_await expression GCC 12

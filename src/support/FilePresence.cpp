@@ -82,7 +82,8 @@ void FilePresence::look()
         return;
     const int number = ++m_latestLook;
     m_tasks.start([this, number](std::stop_token stop) -> QCoro::Task<> {
-        // The watch first: what changes after the look is then told.
+        // The watch first: what changes after the look is then told. There is none where the file has been
+        // given up between the task's start and its first step.
         const auto isThere = [path = m_path, watch = m_watch] {
             if (watch)
                 watchFolderOf(path, *watch);

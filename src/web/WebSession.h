@@ -58,7 +58,7 @@ public:
     ///
     /// Throws MetadataServiceError: for a status other than 200 to 299 by its number, malformedResponse
     /// for a URL that isn't fetched over HTTP, networkFailure for a transfer that fails, stalls, ends
-    /// early or brings more than `bodyLimit` bytes . `source` is the service that errors name.
+    /// early or brings more than `bodyLimit` bytes. `source` is the service that errors name.
     /// A body in chunks that is neither packed nor of a length told in advance may come back cut off: Qt 6.4
     /// doesn't always notice that its last chunk is missing. Who reads it has to see that it ends well.
     ///

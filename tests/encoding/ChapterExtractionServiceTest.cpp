@@ -175,7 +175,7 @@ TEST(ChapterExtractionService, LooksAtTheNameBeforeTheFile)
               ChapterExtractionError::unreadableFile(QUrl::fromLocalFile(gone)));
 }
 
-TEST(ChapterExtractionService, LooksAtTheFileBeforeTheTool)
+TEST(ChapterExtractionService, TellsThatFfprobeIsMissing)
 {
     const StandInTools noTools;
     const ChapterExtractionService service(noTools.location());
