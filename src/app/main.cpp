@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/LaunchRequest.h"
 #include "app/TonearmApp.h"
+#include "support/Background.h"
 #include "support/ResourceFolder.h"
 #include "support/StateFolder.h"
 #include "tools/ChildSignal.h"
@@ -84,6 +85,7 @@ int main(int argc, char **argv)
         break;
     }
     const QApplication application(argc, argv);
+    tonearm::makeRoomInBackground();
     const tonearm::LaunchRequest request =
         tonearm::readLaunchRequest(QApplication::arguments(), QDir::currentPath());
     if (!request.problem.isEmpty()) {

@@ -13,6 +13,14 @@
 
 namespace tonearm {
 
+/// How many steps can be under way in the background at once. Most of them wait for a disk and need no
+/// core, and each that waits for a network folder that has gone keeps its thread for minutes.
+inline constexpr int backgroundThreads = 32;
+
+/// Lets that many steps run; Qt allows one for each core, so that on a small machine two looks at a dead
+/// folder would stop all others. To be called once, at the program's start.
+void makeRoomInBackground();
+
 /// Runs a function that may block (files, decoding) on a pool thread; the caller is resumed on its own
 /// thread with the result or the exception. The function must own everything it touches.
 ///
