@@ -2,6 +2,7 @@
 #include "metadata/CoverArtService.h"
 
 #include "artwork/CoverArtError.h"
+#include "artwork/PictureEnding.h"
 #include "metadata/ArtworkType.h"
 #include "web/MetadataServiceError.h"
 #include "web/ServiceURL.h"
@@ -53,6 +54,9 @@ QCoro::Task<DownloadedCoverArt> CoverArtService::download(QUrl url, MetadataSour
         const QString extension = artworkExtension(reply.contentType, reply.body);
         if (reply.body.isEmpty())
             throw CoverArtError::noArtworkAvailable(source);
+        // The transfer of a picture of no known length can break off without anybody noticing.
+        if (lacksPictureEnd(reply.body))
+            throw MetadataServiceError::networkFailure(source, u"Connection closed."_s);
         co_return {.data = reply.body, .fileExtension = extension, .source = source};
     } catch (const MetadataServiceError &error) {
         if (error != MetadataServiceError::httpFailure(source, 404))

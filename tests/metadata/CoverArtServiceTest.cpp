@@ -8,6 +8,9 @@
 #include "metadata/ServicesFixture.h"
 #include "support/Cancellation.h"
 
+#include <QBuffer>
+#include <QImage>
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -38,6 +41,16 @@ protected:
 LoopbackResponse jpeg(const QByteArray &data)
 {
     return LoopbackResponse::bytes("image/jpeg", data);
+}
+
+QByteArray pictureBytes(const char *format)
+{
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    EXPECT_TRUE(image.save(&buffer, format));
+    return bytes;
 }
 
 LoopbackResponse withoutType(const QByteArray &data)
@@ -137,7 +150,7 @@ TEST_F(CoverArtServiceTest, RefusesWhatIsNoPicture)
 
 TEST_F(CoverArtServiceTest, LooksAtTheBytesOfAPictureWithoutType)
 {
-    archiveServer.answerInTurn(front, {withoutType("\xff\xd8\xff more"), withoutType("\x89PNG more"),
+    archiveServer.answerInTurn(front, {withoutType(pictureBytes("jpeg")), withoutType(pictureBytes("png")),
                                        withoutType("GIF89a..."), withoutType({})});
     EXPECT_EQ(await(fetchFront()).fileExtension, u"jpg"_s);
     EXPECT_EQ(await(fetchFront()).fileExtension, u"png"_s);
@@ -169,6 +182,28 @@ TEST_F(CoverArtServiceTest, RefusesAPictureThatIsCutOff)
     const auto failure = awaitError<MetadataServiceError>(fetchFront());
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->kind, MetadataServiceError::Kind::networkFailure);
+}
+
+TEST_F(CoverArtServiceTest, RefusesAPictureOfUnknownLengthThatIsCutOff)
+{
+    for (const char *format : {"jpeg", "png"}) {
+        const QByteArray whole = pictureBytes(format);
+        for (const qsizetype sent : {whole.size() / 2, whole.size() - 1}) {
+            archiveServer.answer(front, jpeg(whole).chunked().cutAfter(sent));
+            EXPECT_EQ(awaitError<MetadataServiceError>(fetchFront()),
+                      MetadataServiceError::networkFailure(musicBrainzSource, u"Connection closed."_s))
+                << format << ' ' << sent;
+        }
+        archiveServer.answer(front, jpeg(whole).chunked());
+        EXPECT_EQ(await(fetchFront()).data, whole) << format;
+    }
+}
+
+TEST_F(CoverArtServiceTest, RefusesAPictureThatIsTooLarge)
+{
+    archiveServer.answer(front, jpeg("\xff\xd8\xff\xd9" + QByteArray(maximumPictureBytes - 3, 'x')));
+    EXPECT_EQ(awaitError<MetadataServiceError>(fetchFront()),
+              MetadataServiceError::networkFailure(musicBrainzSource, u"The reply is larger than 64 MB."_s));
 }
 
 TEST_F(CoverArtServiceTest, DownloadsSideBySide)
