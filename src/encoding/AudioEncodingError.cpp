@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/AudioEncodingError.h"
 
+#include "support/Numbers.h"
 #include "support/PathText.h"
 
 #include <utility>
@@ -41,6 +42,15 @@ AudioEncodingError AudioEncodingError::noChapters()
     return {Kind::noChapters, {}, 0};
 }
 
+AudioEncodingError AudioEncodingError::incompleteTrack(double readSeconds, double seconds, QString complaint)
+{
+    AudioEncodingError error(Kind::incompleteTrack, {}, 0);
+    error.readSeconds = readSeconds;
+    error.seconds = seconds;
+    error.complaint = std::move(complaint);
+    return error;
+}
+
 QString AudioEncodingError::description() const
 {
     const QString quotedName = u'"' + lastPathComponent(url) + u'"';
@@ -56,6 +66,9 @@ QString AudioEncodingError::description() const
         return u"The cover image "_s + quotedName + u" couldn't be opened."_s;
     case Kind::noChapters:
         return u"There are no chapters to encode."_s;
+    case Kind::incompleteTrack:
+        return u"Only "_s + fixedPoint(readSeconds, 1) + u" of "_s + fixedPoint(seconds, 1) +
+               u" seconds could be read. "_s + complaint;
     }
     Q_UNREACHABLE();
 }
@@ -72,13 +85,16 @@ std::optional<QString> AudioEncodingError::recoverySuggestion() const
         return u"Choose the image again, or remove it to encode without cover art."_s;
     case Kind::noChapters:
         return u"Load an .mkv file that has chapter markers."_s;
+    case Kind::incompleteTrack:
+        return u"Check the source file; it may be damaged or incomplete."_s;
     }
     Q_UNREACHABLE();
 }
 
 bool AudioEncodingError::operator==(const AudioEncodingError &other) const
 {
-    return kind == other.kind && url == other.url && count == other.count;
+    return kind == other.kind && url == other.url && count == other.count &&
+           readSeconds == other.readSeconds && seconds == other.seconds && complaint == other.complaint;
 }
 
 } // namespace tonearm

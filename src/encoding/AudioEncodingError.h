@@ -7,7 +7,7 @@
 
 namespace tonearm {
 
-/// Why a job can't start.
+/// Why a job can't start, or why a track didn't become whole.
 class AudioEncodingError : public DescribedError
 {
 public:
@@ -16,7 +16,8 @@ public:
         outputDirectoryNotWritable,
         untitledChapters,
         coverArtUnreadable,
-        noChapters
+        noChapters,
+        incompleteTrack
     };
 
     static AudioEncodingError outputDirectoryUnavailable(QUrl url);
@@ -24,6 +25,8 @@ public:
     static AudioEncodingError untitledChapters(qint64 count);
     static AudioEncodingError coverArtUnreadable(QUrl url);
     static AudioEncodingError noChapters();
+    /// `complaint` is what ffmpeg said.
+    static AudioEncodingError incompleteTrack(double readSeconds, double seconds, QString complaint);
 
     QString description() const override;
     std::optional<QString> recoverySuggestion() const override;
@@ -33,6 +36,10 @@ public:
     QUrl url;
     /// For untitledChapters only.
     qint64 count;
+    /// For incompleteTrack only: how much of how much was read, and why no more.
+    double readSeconds = 0;
+    double seconds = 0;
+    QString complaint;
 
     bool operator==(const AudioEncodingError &other) const;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/AudioEncodingService.h"
 
+#include "encoding/FFmpegComplaint.h"
 #include "encoding/FileNaming.h"
 #include "support/Background.h"
 #include "support/Cancellation.h"
@@ -18,6 +19,21 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// ffmpeg counts a source that ends early as read, and only complains. A complaint alone may be about a
+// damaged spot that it got over, and a chapter alone may reach beyond the sound.
+void throwIfIncomplete(double position, double duration, QByteArrayView stderrBytes)
+{
+    constexpr double tolerance = 1;
+    if (!(duration - position > tolerance))
+        return;
+    if (const std::optional<QString> complaint = lastComplaint(stderrBytes))
+        throw AudioEncodingError::incompleteTrack(position, duration, *complaint);
+}
+
+} // namespace
 
 AudioEncodingService::AudioEncodingService(ToolLocation tools, ProcessRunner processRunner)
     : m_tools(std::move(tools))
@@ -100,7 +116,8 @@ QCoro::Task<> AudioEncodingService::encode(TrackEncoding track, ProgressReporter
 
     std::exception_ptr failure;
     try {
-        co_await processRunner.run(ffmpeg, commandLine, onStderrLine, stop);
+        const auto result = co_await processRunner.run(ffmpeg, commandLine, onStderrLine, stop);
+        throwIfIncomplete(reporter->position(), track.duration(), result.stderrBytes);
     } catch (const std::system_error &) {
         // ffmpeg couldn't be started, so what lies at the output is the user's file from before.
         throw;

@@ -48,7 +48,8 @@ public:
     /// Encodes one track, replacing an existing file of the output's name. `onFractionComplete` is
     /// called on a background thread, and no more once the task has ended.
     ///
-    /// Throws FFmpegNotFoundError, what ProcessRunner::run throws, and CancellationError. A run that
+    /// Throws FFmpegNotFoundError, what ProcessRunner::run throws, CancellationError, and AudioEncodingError
+    /// for a track that ffmpeg broke off with a complaint, although it counts that as success. A run that
     /// fails or is cancelled leaves no output file; one that never began leaves the file that was there.
     /// The caller's thread needs an event loop and isn't blocked; the service may go meanwhile.
     QCoro::Task<> encode(TrackEncoding track, ProgressReporter::Callback onFractionComplete,

@@ -69,14 +69,27 @@ ProgressReporter::ProgressReporter(double duration, Callback onFractionComplete)
 
 void ProgressReporter::handle(const QString &line)
 {
-    if (!m_onFractionComplete || !(m_duration > 0))
-        return;
     const std::optional<double> seconds = secondsDone(line);
     if (!seconds)
+        return;
+    keep(*seconds);
+    if (!m_onFractionComplete || !(m_duration > 0))
         return;
     const double fraction = std::clamp(*seconds / m_duration, 0.0, 1.0);
     if (isWorthReporting(fraction))
         m_onFractionComplete(fraction);
+}
+
+double ProgressReporter::position() const
+{
+    const std::lock_guard guard(m_lock);
+    return m_position;
+}
+
+void ProgressReporter::keep(double seconds)
+{
+    const std::lock_guard guard(m_lock);
+    m_position = seconds;
 }
 
 bool ProgressReporter::isWorthReporting(double fraction)

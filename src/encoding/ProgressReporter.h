@@ -23,12 +23,17 @@ public:
     /// and any step back aren't reported, the end is as often as it comes.
     void handle(const QString &line);
 
+    /// The last position that a line told, in seconds; 0 before the first.
+    double position() const;
+
 private:
+    void keep(double seconds);
     bool isWorthReporting(double fraction);
 
     double m_duration;
     Callback m_onFractionComplete;
-    std::mutex m_lock;
+    mutable std::mutex m_lock;
+    double m_position = 0;
     double m_lastReported = 0;
 };
 

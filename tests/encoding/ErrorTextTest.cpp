@@ -96,8 +96,20 @@ TEST(AudioEncodingError, TellsThatThereAreNoChapters)
     EXPECT_EQ(error.recoverySuggestion(), u"Load an .mkv file that has chapter markers."_s);
 }
 
+TEST(AudioEncodingError, TellsHowMuchOfATrackCouldBeRead)
+{
+    const auto error = AudioEncodingError::incompleteTrack(1.46, 4, u"File ended prematurely"_s);
+    EXPECT_EQ(error.description(), u"Only 1.5 of 4.0 seconds could be read. File ended prematurely"_s);
+    EXPECT_EQ(error.recoverySuggestion(), u"Check the source file; it may be damaged or incomplete."_s);
+}
+
 TEST(AudioEncodingError, IsEqualByKindAndPayload)
 {
+    const auto incomplete = AudioEncodingError::incompleteTrack(1, 4, u"a"_s);
+    EXPECT_EQ(incomplete, AudioEncodingError::incompleteTrack(1, 4, u"a"_s));
+    EXPECT_FALSE(incomplete == AudioEncodingError::incompleteTrack(2, 4, u"a"_s));
+    EXPECT_FALSE(incomplete == AudioEncodingError::incompleteTrack(1, 5, u"a"_s));
+    EXPECT_FALSE(incomplete == AudioEncodingError::incompleteTrack(1, 4, u"b"_s));
     EXPECT_EQ(AudioEncodingError::untitledChapters(2), AudioEncodingError::untitledChapters(2));
     EXPECT_FALSE(AudioEncodingError::untitledChapters(2) == AudioEncodingError::untitledChapters(3));
     EXPECT_FALSE(AudioEncodingError::outputDirectoryUnavailable(outputFolder) ==

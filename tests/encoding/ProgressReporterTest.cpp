@@ -106,6 +106,15 @@ TEST(ProgressReporter, WorksWithoutACallback)
     EXPECT_NO_THROW(reporter.handle(u"out_time=5"_s));
 }
 
+TEST(ProgressReporter, KeepsTheLastPosition)
+{
+    ProgressReporter reporter(10, nullptr);
+    EXPECT_EQ(reporter.position(), 0);
+    for (const QString &line : {u"out_time=2"_s, u"out_time_us=2001000"_s, u"out_time=N/A"_s, u"speed=3"_s})
+        reporter.handle(line);
+    EXPECT_EQ(reporter.position(), 2.001);
+}
+
 TEST(ProgressReporter, MayBeCalledAgainByItsCallback)
 {
     std::vector<double> fractions;
