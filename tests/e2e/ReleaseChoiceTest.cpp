@@ -108,6 +108,16 @@ TEST_F(ReleaseChoiceTest, IsMadeByADoubleClick)
     EXPECT_EQ(pages.askedPaths(), QList<QByteArray>{"/ws/2/release/c"});
 }
 
+TEST_F(ReleaseChoiceTest, IsMadeByADoubleClickThatFirstTakesTheHighlightAway)
+{
+    ShownSheet sheet = open();
+    sheet.clickRow(2);
+    ASSERT_EQ(sheet.highlightedRow(), 2);
+    sheet.doubleClickRow(2, Qt::ControlModifier);
+    expectTaken(u"c"_s);
+    EXPECT_EQ(pages.askedPaths(), QList<QByteArray>{"/ws/2/release/c"});
+}
+
 TEST_F(ReleaseChoiceTest, IsMadeByReturn)
 {
     open();

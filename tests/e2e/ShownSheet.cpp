@@ -68,10 +68,10 @@ void ShownSheet::clickRow(int row, Qt::KeyboardModifiers modifiers)
     QTest::mouseClick(list().viewport(), Qt::LeftButton, modifiers, placeOf(row).center());
 }
 
-void ShownSheet::doubleClickRow(int row)
+void ShownSheet::doubleClickRow(int row, Qt::KeyboardModifiers modifiers)
 {
-    clickRow(row);
-    QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, placeOf(row).center());
+    clickRow(row, modifiers);
+    QTest::mouseDClick(list().viewport(), Qt::LeftButton, modifiers, placeOf(row).center());
 }
 
 QPushButton &ShownSheet::button(const QString &name)

@@ -33,7 +33,7 @@ public:
     QRect placeOf(int row);
 
     void clickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    void doubleClickRow(int row);
+    void doubleClickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     /// Whether something of that name is to be seen in the sheet.
     template <typename Type = QWidget> bool shows(const QString &name)

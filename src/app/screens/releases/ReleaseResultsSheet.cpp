@@ -128,7 +128,11 @@ void ReleaseResultsSheet::addList(QBoxLayout *column)
         });
     bind(
         m_list, [this] { return m_model.loadingReleaseID.value(); }, &ReleaseList::setLoadingID);
-    connect(m_list, &QAbstractItemView::doubleClicked, this, &ReleaseResultsSheet::choose);
+    connect(m_list, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &row) {
+        // Its first click may have taken the row's highlight away.
+        m_list->setCurrentIndex(row);
+        choose();
+    });
 }
 
 QWidget *ReleaseResultsSheet::makePlaceholder()
