@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/ArtworkFolder.h"
 
+#include "artwork/FullArtworkDisk.h"
 #include "artwork/PictureFolder.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
@@ -20,6 +21,7 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
+using test::FullArtworkDisk;
 using test::PictureFolder;
 using testing::IsEmpty;
 
@@ -76,6 +78,18 @@ TEST(ArtworkFolder, PassesOnWhySavingFailed)
 {
     ArtworkFolder folder(u"/proc/nothing-here"_s);
     EXPECT_THROW(folder.save("bytes", u"cover.jpg"_s), std::system_error);
+}
+
+TEST(ArtworkFolder, LeavesNothingOfAFileThatTheDiskHasNoRoomFor)
+{
+    const FullArtworkDisk disk;
+    if (!disk.isMounted())
+        GTEST_SKIP() << "mounting isn't permitted here";
+    EXPECT_THROW(disk.artwork()->save(QByteArray(3 * disk.roomBytes, 'x'), u"cover.jpg"_s),
+                 std::system_error);
+    EXPECT_THAT(disk.artworkNames(), IsEmpty());
+    disk.artwork()->save(QByteArray(disk.roomBytes, 'x'), u"cover.jpg"_s);
+    EXPECT_EQ(disk.artworkNames().size(), 1);
 }
 
 TEST(ArtworkFolder, DiscardsAFileOfItsOwn)

@@ -2,6 +2,7 @@
 #include "artwork/CoverArtPreparation.h"
 
 #include "artwork/CoverArtError.h"
+#include "artwork/FullArtworkDisk.h"
 #include "artwork/JpegEncoding.h"
 #include "artwork/PictureDecoding.h"
 #include "artwork/PictureFolder.h"
@@ -239,6 +240,18 @@ TEST(CoverArtPreparation, PassesOnWhyACopyCantBeSaved)
     const QUrl url = folder.add(u"cover.jpg"_s, test::encoded(test::noise({30, 20}), "jpeg"));
     const CoverArtPreparation preparation(std::make_shared<ArtworkFolder>(u"/proc/nothing-here"_s));
     EXPECT_THROW(preparation.prepare(url, 1), std::system_error);
+}
+
+TEST(CoverArtPreparation, LeavesNothingOfACopyThatTheDiskHasNoRoomFor)
+{
+    const test::FullArtworkDisk disk;
+    if (!disk.isMounted())
+        GTEST_SKIP() << "mounting isn't permitted here";
+    const PictureFolder folder;
+    const QUrl url = folder.add(u"cover.jpg"_s, test::encoded(test::noise({300, 200}), "jpeg"));
+    EXPECT_GT(folder.preparation().prepare(url, 1).byteCount, 2 * disk.roomBytes);
+    EXPECT_THROW(CoverArtPreparation(disk.artwork()).prepare(url, 1), std::system_error);
+    EXPECT_EQ(disk.artworkNames(), QStringList());
 }
 
 TEST(CoverArtPreparation, RunsSideBySide)

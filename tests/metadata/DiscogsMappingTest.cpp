@@ -132,6 +132,14 @@ TEST(DiscogsDetails, TakeEveryFieldFromItsPlace)
               expected);
 }
 
+TEST(DiscogsDetails, HaveTheYearAsATextHoweverItIsSent)
+{
+    EXPECT_EQ(detailsOf(R"({"id": 1, "year": 1998})").year, u"1998"_s);
+    EXPECT_EQ(detailsOf(R"({"id": 1, "year": "1998"})").year, u"1998"_s);
+    EXPECT_EQ(detailsOf(R"({"id": 1, "year": 0})").year, u"0"_s);
+    EXPECT_EQ(detailsOf(R"({"id": 1, "year": null})").year, QString());
+}
+
 TEST(DiscogsDetails, AreEmptyWhereTheServiceKnowsNothing)
 {
     const ReleaseInfo expected{.id = u"asked"_s,

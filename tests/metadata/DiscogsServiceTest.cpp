@@ -48,6 +48,11 @@ TEST_F(DiscogsServiceTest, AsksForArtistAndAlbumUnderKeysOfTheirOwn)
                         "/database/search?title=Blue&type=release&per_page=25"}));
 }
 
+TEST_F(DiscogsServiceTest, KeepsThreeSecondsBetweenRequests)
+{
+    EXPECT_EQ(DiscogsService::minimumInterval, std::chrono::seconds(3));
+}
+
 TEST_F(DiscogsServiceTest, NamesTheProgramOnly)
 {
     discogsServer.answerWith([](const auto &) { return LoopbackResponse::json("{}"); });

@@ -49,6 +49,11 @@ TEST_F(MusicBrainzServiceTest, AsksInAnyScript)
                         "release%3A%22%D8%A3%2B%26%22&fmt=json&limit=25");
 }
 
+TEST_F(MusicBrainzServiceTest, KeepsASecondBetweenRequests)
+{
+    EXPECT_EQ(MusicBrainzService::minimumInterval, std::chrono::seconds(1));
+}
+
 TEST_F(MusicBrainzServiceTest, NamesTheProgramAndItsMakers)
 {
     musicBrainzServer.answer("/ws/2/release", LoopbackResponse::json("{}"));
