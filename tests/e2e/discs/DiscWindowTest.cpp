@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // An audio CD in the window: offered, loaded, previewed, judged, given back.
+#include "e2e/ShownSheet.h"
 #include "e2e/discs/ShownDisc.h"
 
 #include "app/screens/releases/ReleaseTexts.h"
@@ -66,6 +67,24 @@ TEST_F(DiscWindowTest, HasItsOwnWordsInTheSheetToo)
     EXPECT_EQ(releaseListPlaceholder(model),
               u"This disc isn't in MusicBrainz. Close this and search by artist "
               u"and album, or type the titles in yourself."_s);
+}
+
+TEST_F(DiscWindowTest, ShowsItsOwnWordsInTheSheet)
+{
+    const QString matching = u"Matching this disc against MusicBrainz…"_s;
+    const QString lookingUp = u"Looking up this disc in MusicBrainz…"_s;
+    const QString unknown = u"This disc isn't in MusicBrainz. Close this and search by artist "
+                            u"and album, or type the titles in yourself."_s;
+    model.loadDisc(shownDisc(u"The Disc"_s));
+    ASSERT_TRUE(eventually([this] { return !model.isLoadingReleases.value(); }));
+    ShownSheet sheet(window);
+    EXPECT_TRUE(sheet.shows<QLabel>(unknown));
+    EXPECT_FALSE(sheet.shows<QLabel>(matching));
+    EXPECT_FALSE(sheet.shows<QLabel>(lookingUp));
+    model.isLoadingReleases = true;
+    EXPECT_TRUE(sheet.shows<QLabel>(matching));
+    EXPECT_TRUE(sheet.shows<QLabel>(lookingUp));
+    EXPECT_FALSE(sheet.shows<QLabel>(unknown));
 }
 
 TEST_F(DiscWindowTest, HasTheWordsOfASearchInTheSheetAfterASearch)
