@@ -139,6 +139,18 @@ TEST_P(ReleasePictures, OfResults)
     keepSheet(u"loading-a-tracklist"_s);
 }
 
+TEST_P(ReleasePictures, OfALargeFont)
+{
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(before.pointSizeF() * 1.5);
+    QApplication::setFont(large);
+    model.searchResults = someReleases();
+    model.searchNotices = {rateLimited};
+    keepSheet(u"large-font"_s);
+    QApplication::setFont(before);
+}
+
 TEST_P(ReleasePictures, OfTheFocusOnTheButton)
 {
     model.searchResults = someReleases();

@@ -118,6 +118,37 @@ TEST_F(ReleaseResultsTest, ComeWithTheNumberOfChapters)
         u"Your file has 0 chapters. A release with the same number of tracks maps cleanly."_s));
 }
 
+TEST_F(ReleaseResultsTest, HaveASheetThatGrowsWithItsTexts)
+{
+    loadChapters(12);
+    ShownSheet sheet = show({foundRelease(u"a"_s, u"The Album"_s)});
+    const QLabel &advice = *named<QLabel>(
+        sheet.sheet(),
+        u"Your file has 12 chapters. A release with the same number of tracks maps cleanly."_s);
+    const auto hasRoom = [&] {
+        const QRect needed = advice.fontMetrics().boundingRect(
+            QRect(0, 0, advice.width(), 0), advice.wordWrap() ? Qt::TextWordWrap : 0, advice.text());
+        return advice.width() >= needed.width() && advice.height() >= needed.height() &&
+               sheet.list().height() >= 260;
+    };
+    EXPECT_TRUE(hasRoom());
+    QFont large = sheet.sheet().font();
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    sheet.sheet().setFont(large);
+    EXPECT_TRUE(eventually(hasRoom));
+    EXPECT_EQ(sheet.sheet().width(), 620);
+
+    // So large that the advice costs the list its room.
+    large.setPointSizeF(large.pointSizeF() * 2);
+    sheet.sheet().setFont(large);
+    ASSERT_TRUE(eventually([&] { return sheet.sheet().height() > 460 && hasRoom(); }));
+    const int height = sheet.sheet().height();
+    loadChapters(0);
+    EXPECT_TRUE(eventually([&] { return sheet.sheet().height() < height; }));
+    loadChapters(12);
+    EXPECT_TRUE(eventually([&] { return sheet.sheet().height() == height && hasRoom(); }));
+}
+
 TEST_F(ReleaseResultsTest, AreCountedWithWhatWasSearchedFor)
 {
     model.artist = u" The Artist "_s;

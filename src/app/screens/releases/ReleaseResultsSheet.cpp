@@ -13,6 +13,7 @@
 #include "app/screens/releases/ReleaseTexts.h"
 #include "workflow/AppModel.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
@@ -58,7 +59,16 @@ ReleaseResultsSheet::ReleaseResultsSheet(AppModel &model, QWidget *window)
     connect(this, &QDialog::finished, this, [&model] { model.isShowingSearchResults = false; });
 }
 
-// As high as it is meant to be, and higher only for notices that would squeeze the list.
+bool ReleaseResultsSheet::event(QEvent *event)
+{
+    const bool isTaken = QDialog::event(event);
+    // A text has come or gone, or the font has changed.
+    if (event->type() == QEvent::LayoutRequest)
+        fitHeight();
+    return isTaken;
+}
+
+// As high as it is meant to be, and higher only for texts that would squeeze the list.
 void ReleaseResultsSheet::fitHeight()
 {
     // Or it would count with what was there before.
@@ -71,6 +81,7 @@ void ReleaseResultsSheet::addHeader(QBoxLayout *column)
     auto *title = new QLabel(u"Select a Release"_s, this);
     applyTextStyle(title, TextStyle::heading);
     auto *advice = new QLabel(this);
+    advice->setWordWrap(true);
     applyTextStyle(advice, TextStyle::smallSecondary);
     bind(
         advice, [this] { return releaseSheetAdvice(m_model.chapters.value().size()); },

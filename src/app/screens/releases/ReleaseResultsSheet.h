@@ -20,6 +20,9 @@ class ReleaseResultsSheet : public QDialog
 public:
     ReleaseResultsSheet(AppModel &model, QWidget *window);
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
     void fitHeight();
     void addHeader(QBoxLayout *column);
