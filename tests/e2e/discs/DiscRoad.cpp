@@ -65,6 +65,8 @@ void DiscRoad::start(bool isSecure)
     writeFile(path(u"settings.json"_s), QJsonDocument(settings).toJson());
     m_app.emplace(path(u"settings.json"_s), path(u"windows.json"_s), resourceFolder(),
                   ModelFixture::servicesAt(m_pages.origin()));
+    // Large enough for all that it shows, however low the screen.
+    m_app->mainWindow().keepWithin({1920, 1200});
     m_app->openMainWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m_app->mainWindow()));
     ASSERT_TRUE(eventually([this] {
