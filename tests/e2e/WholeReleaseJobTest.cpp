@@ -184,6 +184,7 @@ TEST_P(WholeReleaseJobTest, TurnsAFileIntoTheTracksOfARelease)
 
     EXPECT_EQ(surroundings.temporaryArtwork().size(), 1);
     click(window.button(u"Clear"_s));
+    surroundings.settle();
     EXPECT_EQ(surroundings.temporaryArtwork(), QStringList());
 }
 
@@ -220,6 +221,7 @@ TEST_F(ReleaseJobTest, LeavesNothingOfAShrunkCoverOnceItIsCleared)
     EXPECT_EQ(outputOf(u"metaflac"_s, {u"--export-picture-to=-"_s, encoded(0)}),
               readFile(model.coverArt.value()->url.toLocalFile()));
     click(window.button(u"Clear"_s));
+    surroundings.settle();
     EXPECT_EQ(surroundings.temporaryArtwork(), QStringList());
 }
 
