@@ -6,6 +6,7 @@
 #include "helpers/Await.h"
 #include "helpers/Contents.h"
 #include "helpers/Printing.h"
+#include "helpers/SmallDisk.h"
 #include "settings/OrdinaryUser.h"
 
 #include <gtest/gtest.h>
@@ -222,6 +223,29 @@ TEST_F(SettingsStoreTest, BringsBackWhatItReadBeforeTheFileWasDamaged)
     store.set(u"b", 2);
     EXPECT_EQ(SettingsStore(m_path).integer(u"a"), 1);
     EXPECT_EQ(test::readFile(inFolder(u"settings.json.damaged-1"_s)), "{\"a\": ");
+}
+
+TEST_F(SettingsStoreTest, BringsItBackLaterWhereAFullDiskWasInTheWay)
+{
+    const QString folder = inFolder(u"disk"_s);
+    const test::SmallDisk disk(folder, 64);
+    if (!disk.isMounted())
+        GTEST_SKIP() << "This user may mount nothing.";
+    const QString path = folder + u"/settings.json"_s;
+    test::writeFile(path, R"({"a": 1})");
+    SettingsStore store(path);
+    test::writeFile(path, "{\"a\": ");
+    QFile filler(folder + u"/filler"_s);
+    ASSERT_TRUE(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    while (filler.write(QByteArray(4096, 'x')) == 4096) {
+    }
+    EXPECT_THROW(store.set(u"b", 2), SettingsError);
+    ASSERT_TRUE(filler.remove());
+    store.set(u"c", 3);
+    const SettingsStore later(path);
+    EXPECT_EQ(later.integer(u"a"), 1);
+    EXPECT_EQ(later.integer(u"b"), 2);
+    EXPECT_EQ(later.integer(u"c"), 3);
 }
 
 TEST_F(SettingsStoreTest, KeepsAFileThatItMayNotReadBesideTheNewOne)

@@ -63,8 +63,12 @@ void SettingsStore::save()
 
     const QString path = withoutLinks(m_path);
     const SettingsContents found = readSettings(path);
-    // What was read before the file came to harm is better than nothing.
-    QJsonObject values = found.isDamaged ? m_values : found.values;
+    // What was read before the file came to harm is better than nothing, also at a later try if this one
+    // fails.
+    if (found.isDamaged)
+        for (auto value = m_values.constBegin(); value != m_values.constEnd(); ++value)
+            m_unsaved.insert(value.key(), value.value());
+    QJsonObject values = found.values;
     for (auto change = m_unsaved.cbegin(); change != m_unsaved.cend(); ++change)
         values.insert(change.key(), change.value());
     if (found.isDamaged)
