@@ -23,9 +23,11 @@ constexpr int patienceMilliseconds = 60000;
 
 } // namespace
 
-SampleJob::SampleJob(QWidget &window)
+SampleJob::SampleJob(MainWindow &window)
     : m_window(window)
 {
+    window.keepWithin({1920, 1200});
+    window.resize(940, 960);
     if (!test::showActive(window))
         fail(u"the window didn't come up"_s);
 }

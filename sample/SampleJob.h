@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/screens/mainwindow/MainWindow.h"
+
 #include <QString>
-#include <QWidget>
 
 namespace tonearm {
 
@@ -12,7 +13,8 @@ namespace tonearm {
 class SampleJob
 {
 public:
-    explicit SampleJob(QWidget &window);
+    /// Makes the window large enough for a picture of all that it shows, however low the screen.
+    explicit SampleJob(MainWindow &window);
 
     void chooseSource(const QString &file);
     void chooseOutput(const QString &folder);
@@ -25,7 +27,7 @@ private:
     QWidget &find(const QString &accessibleName);
     void waitFor(const QString &accessibleName);
 
-    QWidget &m_window;
+    MainWindow &m_window;
 };
 
 } // namespace tonearm
