@@ -70,7 +70,7 @@ void AppModel::setCoverArt(const PreparedCoverArt &prepared, const std::optional
 void AppModel::discard(const QList<QUrl> &pictures)
 {
     m_discarded += pictures;
-    if (encodingTask.value())
+    if (encodingTask.value() || m_discarded.isEmpty())
         return;
     const auto removal = [folder = m_services.artworkFolder, discarded = std::exchange(m_discarded, {})] {
         for (const QUrl &picture : discarded)
