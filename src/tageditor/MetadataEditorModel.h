@@ -295,6 +295,7 @@ private:
     QSet<QUrl> selectedURLs() const;
     void setIntents(const QSet<QUrl> &urls, const ArtworkIntent &intent);
     void dropChosenArtwork();
+    void discard(const QUrl &picture);
 
     void startSave(const QList<EditableAudioFile> &targets, SaveMode mode);
     QCoro::Task<> checkAndWrite(QList<EditableAudioFile> targets, std::stop_token stop);

@@ -92,7 +92,7 @@ QCoro::Task<> MetadataEditorModel::carryOut(ArtworkRequest request, std::stop_to
     try {
         const ReadyArtwork ready = co_await inBackground(preparation);
         if (stop.stop_requested())
-            m_services.artworkFolder->discard(ready.prepared.url);
+            discard(ready.prepared.url);
         else
             apply(ready.prepared, ready.preview, request.targets);
     } catch (...) {
@@ -110,7 +110,14 @@ void MetadataEditorModel::apply(const PreparedCoverArt &prepared, const std::opt
     setIntents(targets, ArtworkIntent::replace(prepared.url));
     completionMessage = std::nullopt;
     if (earlier && earlier->url != prepared.url)
-        m_services.artworkFolder->discard(earlier->url);
+        discard(earlier->url);
+}
+
+// The picture may be the user's own, in a folder that takes its time.
+void MetadataEditorModel::discard(const QUrl &picture)
+{
+    const auto removal = [folder = m_services.artworkFolder, picture] { folder->discard(picture); };
+    m_tasks.start([removal](std::stop_token /*stop*/) { return inBackground(removal); });
 }
 
 QSet<QUrl> MetadataEditorModel::selectedURLs() const
@@ -134,7 +141,7 @@ void MetadataEditorModel::setIntents(const QSet<QUrl> &urls, const ArtworkIntent
 void MetadataEditorModel::dropChosenArtwork()
 {
     if (const std::optional<PreparedCoverArt> chosen = chosenArtwork.value())
-        m_services.artworkFolder->discard(chosen->url);
+        discard(chosen->url);
     chosenArtwork = std::nullopt;
     chosenArtworkPreview = std::nullopt;
 }

@@ -73,7 +73,7 @@ TEST_F(EditorClosing, DropsEditsAndArtwork)
     EXPECT_EQ(m_model.changes.value(), TagChangeSet());
     EXPECT_EQ(m_model.chosenArtwork.value(), std::nullopt);
     EXPECT_EQ(m_model.chosenArtworkPreview.value(), std::nullopt);
-    EXPECT_FALSE(QFile::exists(file));
+    EXPECT_TRUE(test::eventually([&] { return !QFile::exists(file); }));
     EXPECT_TRUE(m_model.artworkFingerprints.value().isEmpty());
     EXPECT_TRUE(m_model.artworkPreviews.value().isEmpty());
 }
