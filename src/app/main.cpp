@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/LaunchRequest.h"
 #include "app/TonearmApp.h"
+#include "platform/DesktopEntry.h"
 #include "support/Background.h"
 #include "support/ResourceFolder.h"
 #include "support/StateFolder.h"
@@ -38,8 +39,7 @@ void nameApplication()
     QCoreApplication::setApplicationName(u"tonearm"_s);
     QGuiApplication::setApplicationDisplayName(u"Tonearm"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(TONEARM_VERSION));
-    // The name of the desktop entry in packaging/.
-    QGuiApplication::setDesktopFileName(u"example.tonearm.Tonearm"_s);
+    QGuiApplication::setDesktopFileName(tonearm::desktopEntryName);
 }
 
 QStringList wordsOf(int argc, char **argv)

@@ -5,8 +5,8 @@
 
 namespace tonearm {
 
-/// By which desktops know the application: the name of its desktop entry, without ".desktop", and of its
-/// icon.
-inline constexpr QLatin1String desktopEntryName("tonearm");
+/// By which desktops know the application: the name of its desktop entry, without ".desktop", and of
+/// its icon. That under which packaging/ installs both.
+inline constexpr QLatin1String desktopEntryName(TONEARM_ID);
 
 } // namespace tonearm

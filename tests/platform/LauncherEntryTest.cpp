@@ -26,7 +26,7 @@ protected:
     {
         QStringList updates;
         for (const QString &value : progress)
-            updates.append(u"application://tonearm.desktop "_s + value);
+            updates.append(u"application://example.tonearm.Tonearm.desktop "_s + value);
         EXPECT_TRUE(test::eventually([&] { return m_dock.updates().size() >= updates.size(); }));
         EXPECT_EQ(m_dock.updates(), updates);
     }
@@ -92,7 +92,7 @@ TEST_F(LauncherEntryTest, IsHeardByADockThatComesLater)
     const test::LauncherListener second(m_bus.connect());
     m_entry->showProgress(0.5);
     EXPECT_TRUE(test::eventually([&] { return !second.updates().isEmpty(); }));
-    EXPECT_EQ(second.updates(), QStringList{u"application://tonearm.desktop 0.5"_s});
+    EXPECT_EQ(second.updates(), QStringList{u"application://example.tonearm.Tonearm.desktop 0.5"_s});
 }
 
 } // namespace tonearm

@@ -64,7 +64,7 @@ TEST_F(SleepInhibitionTest, AsksTheSessionManagerFirst)
     keepAwake();
     ASSERT_TRUE(hasCalls(sessionManager, 1));
     EXPECT_EQ(sessionManager.argumentsOf(u"Inhibit"_s).first(),
-              (QVariantList{u"tonearm"_s, 0U, u"Encoding to FLAC"_s, 4U}));
+              (QVariantList{u"example.tonearm.Tonearm"_s, 0U, u"Encoding to FLAC"_s, 4U}));
     desktop->letSleep();
     ASSERT_TRUE(hasCalls(sessionManager, 2));
     EXPECT_EQ(sessionManager.calls(), (QStringList{inhibitOfSessionManager, uninhibitOfSessionManager}));
