@@ -33,6 +33,13 @@ QString withoutSpeaker(QString line)
     return line.remove(pattern);
 }
 
+// What reads the cover, which is opened anew for each track. Its pictures may be odd without harm.
+bool isAboutPicture(const QString &line)
+{
+    static const QRegularExpression pattern(u"^\\s*\\[(image2|jpeg_pipe|png_pipe|mjpeg|png) @ 0x"_s);
+    return pattern.match(line).hasMatch();
+}
+
 } // namespace
 
 std::optional<QString> lastComplaint(QByteArrayView stderrBytes)
@@ -40,7 +47,7 @@ std::optional<QString> lastComplaint(QByteArrayView stderrBytes)
     std::optional<QString> complaint;
     LineSplitter splitter([&complaint](const QString &line) {
         const QString words = trimmed(withoutSpeaker(line));
-        if (!words.isEmpty() && !isProgress(line) && !isRepetition(line))
+        if (!words.isEmpty() && !isProgress(line) && !isRepetition(line) && !isAboutPicture(line))
             complaint = words;
     });
     splitter.add(stderrBytes);

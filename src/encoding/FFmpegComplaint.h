@@ -8,8 +8,8 @@
 
 namespace tonearm {
 
-/// The last thing that ffmpeg said among its progress lines, without the part of it that speaks. Nothing if
-/// it only told its progress.
+/// The last thing that ffmpeg said of the sound among its progress lines, without the part of it that speaks.
+/// Nothing if it only told its progress, or what is odd about a picture.
 std::optional<QString> lastComplaint(QByteArrayView stderrBytes);
 
 } // namespace tonearm

@@ -31,6 +31,14 @@ TEST(FFmpegComplaint, IsWithoutItsSpeaker)
     EXPECT_EQ(lastComplaint("[in#0 @ 0x1f] [flac @ 0xA0] invalid residual\n"), u"invalid residual"_s);
 }
 
+TEST(FFmpegComplaint, IsNotAboutAPicture)
+{
+    for (const char *speaker : {"image2", "jpeg_pipe", "png_pipe", "mjpeg", "png"}) {
+        const QByteArray line = QByteArray("[") + speaker + " @ 0x55818c91c1c0] error decoding EXIF data\n";
+        EXPECT_EQ(lastComplaint(line), std::nullopt) << speaker;
+    }
+}
+
 TEST(FFmpegComplaint, IsNoCountOfRepetitions)
 {
     EXPECT_EQ(lastComplaint("no good\n    Last message repeated 12 times\n"), u"no good"_s);

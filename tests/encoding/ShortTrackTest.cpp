@@ -51,6 +51,17 @@ protected:
         ASSERT_TRUE(QFile::resize(path, QFileInfo(path).size() / 2));
     }
 
+    // A JPEG that says to hold facts of a camera, and holds none.
+    QString makeOddCover() const
+    {
+        const QString path = m_tools.path(u"cover.jpg"_s);
+        test::makePicture(path, 16, 16);
+        constexpr qsizetype startOfImage = 2;
+        const QByteArray facts = QByteArray::fromHex("ffe1 000c 457869660000 ffffffff");
+        test::writeFile(path, test::readFile(path).insert(startOfImage, facts));
+        return path;
+    }
+
     static std::optional<AudioEncodingError> failureOf(const TrackEncoding &track)
     {
         const AudioEncodingService service{ToolLocation(resourceFolder())};
@@ -114,6 +125,15 @@ TEST_F(ShortTrack, MayReachBeyondTheSound)
 {
     makeSource();
     EXPECT_EQ(failureOf(track(1, 60)), std::nullopt);
+    EXPECT_TRUE(hasOutput());
+}
+
+TEST_F(ShortTrack, MayReachBeyondTheSoundWithACoverOfWhichFfmpegComplains)
+{
+    makeSource();
+    TrackEncoding withCover = track(1, 60);
+    withCover.metadata.coverArtURL = QUrl::fromLocalFile(makeOddCover());
+    EXPECT_EQ(failureOf(withCover), std::nullopt);
     EXPECT_TRUE(hasOutput());
 }
 
