@@ -12,6 +12,8 @@
 
 #include <QPromise>
 
+#include <functional>
+#include <initializer_list>
 #include <thread>
 #include <utility>
 
@@ -76,11 +78,22 @@ private:
         lines.finish();
         if (outputReading.joinable())
             outputReading.join();
-        const std::int32_t status = child.wait();
-        reader.throwIfFailed();
-        secondReader.throwIfFailed();
-        throwUnlessSuccessful(status, result.stderrBytes);
+        throwUnlessSuccessful(endOf(child, {reader, secondReader}), result.stderrBytes);
         return result;
+    }
+
+    // The exit status, if all was read that came before it.
+    static std::int32_t endOf(const ChildProcess &child,
+                              std::initializer_list<std::reference_wrapper<const PipeReader>> readers)
+    {
+        try {
+            const std::int32_t status = child.wait();
+            for (const PipeReader &reader : readers)
+                reader.throwIfFailed();
+            return status;
+        } catch (const std::system_error &failure) {
+            throw LostChildError(failure);
+        }
     }
 
     // Takes over the write ends, so that the readers end with the child, or at once if there is none.

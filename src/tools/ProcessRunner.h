@@ -12,7 +12,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <stdexcept>
 #include <stop_token>
+#include <system_error>
 
 namespace tonearm {
 
@@ -39,6 +41,17 @@ public:
     bool operator==(const ProcessRunnerError &other) const;
 };
 
+/// A child program that was started, but whose words or end couldn't be read. What it was to do may be half
+/// done.
+class LostChildError : public std::runtime_error
+{
+public:
+    explicit LostChildError(const std::system_error &cause)
+        : std::runtime_error(cause.what())
+    {
+    }
+};
+
 /// The one way in which the application starts a child program. Stateless: any number of runs can be
 /// under way at once.
 class ProcessRunner
@@ -60,8 +73,9 @@ public:
     /// inherits standard input, environment and working directory, and nothing else.
     ///
     /// Throws CancellationError after a stop request, whatever the child's exit status (the child gets
-    /// a SIGTERM and is waited for), std::system_error if the program can't be started or followed, and
-    /// ProcessRunnerError for an exit status other than 0. The caller's thread needs an event loop.
+    /// a SIGTERM and is waited for), std::system_error if the program can't be started, LostChildError
+    /// if it can't be followed, and ProcessRunnerError for an exit status other than 0. The caller's thread
+    /// needs an event loop.
     QCoro::Task<RunResult> run(QUrl executableURL, QStringList arguments, LineCallback onStderrLine,
                                std::stop_token stop) const;
 };

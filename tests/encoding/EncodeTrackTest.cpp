@@ -2,6 +2,7 @@
 #include "encoding/AudioEncodingService.h"
 
 #include "helpers/Await.h"
+#include "helpers/Borrowed.h"
 #include "helpers/Contents.h"
 #include "helpers/Media.h"
 #include "helpers/Printing.h"
@@ -19,6 +20,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <csignal>
 #include <mutex>
 #include <system_error>
 #include <vector>
@@ -371,6 +373,16 @@ TEST(EncodeTrackRun, RemovesThePartThatAFailedRunLeaves)
     makeOlderOutput(track);
     EXPECT_EQ(test::awaitError<ProcessRunnerError>(encoding(tools, track)),
               ProcessRunnerError::nonZeroExit(u"ffmpeg"_s, 7, u"out_time=1\nno good\n"_s));
+    EXPECT_FALSE(hasOutput(track));
+}
+
+TEST(EncodeTrackRun, RemovesThePartOfARunThatCantBeFollowed)
+{
+    StandInTools tools;
+    tools.add(u"ffmpeg"_s, QByteArray(writePart) + "exit 0");
+    const TrackEncoding track = trackIn(tools);
+    const test::BorrowedSignals ignored(SIGCHLD, SIGUSR1);
+    EXPECT_TRUE(test::awaitError<LostChildError>(encoding(tools, track)).has_value());
     EXPECT_FALSE(hasOutput(track));
 }
 

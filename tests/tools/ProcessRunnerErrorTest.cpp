@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/ProcessRunner.h"
 
+#include "helpers/Await.h"
+#include "helpers/Borrowed.h"
 #include "helpers/Printing.h"
+#include "tools/Scripts.h"
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <limits>
 
 namespace tonearm {
@@ -19,6 +23,16 @@ QString description(const QString &command, std::int32_t status, const QString &
 }
 
 } // namespace
+
+TEST(ProcessRunner, LosesAChildThatCannotBeWaitedFor)
+{
+    const test::Scripts scripts;
+    const test::BorrowedSignals ignored(SIGCHLD, SIGUSR1);
+    const auto error =
+        test::awaitError<LostChildError>(ProcessRunner().run(scripts.add(u"tool"_s, "exit 0"), {}, {}, {}));
+    ASSERT_TRUE(error.has_value());
+    EXPECT_STRNE(error->what(), "");
+}
 
 TEST(ProcessRunnerError, NamesCommandAndStatus)
 {
