@@ -55,7 +55,7 @@ QCoro::Task<DownloadedCoverArt> CoverArtService::download(QUrl url, MetadataSour
         if (reply.body.isEmpty())
             throw CoverArtError::noArtworkAvailable(source);
         // The transfer of a picture of no known length can break off without anybody noticing.
-        if (lacksPictureEnd(reply.body))
+        if (!reply.isKnownWhole && lacksPictureEnd(reply.body))
             throw MetadataServiceError::networkFailure(source, u"Connection closed."_s);
         co_return {.data = reply.body, .fileExtension = extension, .source = source};
     } catch (const MetadataServiceError &error) {

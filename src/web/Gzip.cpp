@@ -22,7 +22,13 @@ Bytef *bytesOf(QByteArray &array)
     return reinterpret_cast<Bytef *>(array.data());
 }
 
-/// Unpacks one piece more; returns zlib's state.
+// Nothing at all, or zeros up to the end.
+bool isPadding(const Bytef *bytes, uInt size)
+{
+    return std::all_of(bytes, bytes + size, [](Bytef byte) { return byte == 0; });
+}
+
+// Unpacks one piece more; returns zlib's state.
 int unpackPiece(z_stream &stream, QByteArray &result, qint64 limit)
 {
     const qint64 size = result.size();
@@ -51,8 +57,8 @@ std::optional<QByteArray> unpackedGzip(QByteArray packed, qint64 limit)
     // A file that is cut off ends in Z_BUF_ERROR: there is nothing more to go on with.
     while (state == Z_OK && result.size() <= limit) {
         state = unpackPiece(stream, result, limit);
-        // A gzip file has one member or more, each packed for itself, and nothing else.
-        if (state == Z_STREAM_END && stream.avail_in > 0)
+        // A gzip file has one member or more, each packed for itself, and nothing else but padding.
+        if (state == Z_STREAM_END && !isPadding(stream.next_in, stream.avail_in))
             state = inflateReset(&stream);
     }
     if (state != Z_STREAM_END && result.size() <= limit)

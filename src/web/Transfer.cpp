@@ -59,13 +59,22 @@ void Transfer::takeBytes()
 
 void Transfer::unpack()
 {
-    const bool isPacked = header("Content-Encoding").toLower() == "gzip";
-    if (!isPacked || m_isTooLarge || m_body.isEmpty())
+    if (!isPacked() || m_isTooLarge || m_body.isEmpty())
         return;
     const std::optional<QByteArray> unpacked = unpackedGzip(std::exchange(m_body, {}), m_bodyLimit);
     m_isDamaged = !unpacked;
     m_body = unpacked.value_or(QByteArray());
     m_isTooLarge = m_body.size() > m_bodyLimit;
+}
+
+bool Transfer::isPacked() const
+{
+    return header("Content-Encoding").toLower() == "gzip";
+}
+
+bool Transfer::isKnownWhole() const
+{
+    return isPacked() || m_reply->hasRawHeader("Content-Length");
 }
 
 bool Transfer::isCutOff() const

@@ -34,12 +34,16 @@ public:
     /// What came, unpacked.
     const QByteArray &body() const { return m_body; }
 
+    /// Whether the reply told its length, or came packed with a checksum.
+    bool isKnownWhole() const;
+
     QByteArray header(const char *name) const { return m_reply->rawHeader(name); }
 
 private:
     void countRequest();
     void takeBytes();
     void unpack();
+    bool isPacked() const;
     bool isCutOff() const;
 
     qint64 m_bodyLimit;

@@ -94,7 +94,8 @@ QCoro::Task<WebReply> WebSession::followRedirects(WebRequest request, MetadataSo
         const std::optional<QUrl> target = nextPlace(url, transfer, source);
         if (!target)
             co_return WebReply{.body = transfer.body(),
-                               .contentType = QString::fromLatin1(transfer.header("Content-Type"))};
+                               .contentType = QString::fromLatin1(transfer.header("Content-Type")),
+                               .isKnownWhole = transfer.isKnownWhole()};
         url = *target;
     }
     throw MetadataServiceError::networkFailure(source, u"Too many redirects."_s);

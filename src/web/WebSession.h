@@ -37,6 +37,8 @@ struct WebReply
     QByteArray body;
     /// The header "Content-Type" as it came; empty if there was none.
     QString contentType;
+    /// Whether a reply that had broken off would have been noticed: its length was known, or its checksum.
+    bool isKnownWhole = false;
 
     bool operator==(const WebReply &) const = default;
 };

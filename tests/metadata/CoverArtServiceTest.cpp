@@ -199,6 +199,15 @@ TEST_F(CoverArtServiceTest, RefusesAPictureOfUnknownLengthThatIsCutOff)
     }
 }
 
+TEST_F(CoverArtServiceTest, TakesAPictureWithoutItsEndMarkWhenAllOfItCame)
+{
+    const QByteArray picture = pictureBytes("jpeg").chopped(2);
+    archiveServer.answer(front, jpeg(picture));
+    EXPECT_EQ(await(fetchFront()).data, picture);
+    archiveServer.answer(front, jpeg(picture).gzipped().chunked());
+    EXPECT_EQ(await(fetchFront()).data, picture);
+}
+
 TEST_F(CoverArtServiceTest, RefusesAPictureThatIsTooLarge)
 {
     archiveServer.answer(front, jpeg("\xff\xd8\xff\xd9" + QByteArray(maximumPictureBytes - 3, 'x')));

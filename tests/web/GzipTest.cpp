@@ -59,8 +59,15 @@ TEST(Gzip, NoticesWhatIsNoMember)
 {
     const QByteArray packed = test::gzip("{}");
     for (const QByteArray &rest :
-         {QByteArray("\0", 1), QByteArray("}"), QByteArray("\x1f\x8b"), packed.first(9)})
+         {QByteArray("\0}", 2), QByteArray("}"), QByteArray("\x1f\x8b"), packed.first(9)})
         EXPECT_EQ(unpackedGzip(packed + rest, plenty), std::nullopt) << rest.toHex().constData();
+}
+
+TEST(Gzip, TakesZerosBehindTheLastMemberForPadding)
+{
+    const QByteArray packed = test::gzip("{}");
+    for (const qsizetype size : {1, 511})
+        EXPECT_EQ(unpackedGzip(packed + QByteArray(size, '\0'), plenty), "{}") << size;
 }
 
 TEST(Gzip, EndsOneByteBeyondTheLimit)

@@ -59,7 +59,7 @@ TEST(WebSession, BringsAReplyWithoutAType)
     server.answer("/", LoopbackResponse{.body = "GIF89a"});
     WebSession session;
     const WebReply reply = test::fetch(session, server.url(u"/"_s));
-    EXPECT_EQ(reply, (WebReply{.body = "GIF89a", .contentType = {}}));
+    EXPECT_EQ(reply, (WebReply{.body = "GIF89a", .contentType = {}, .isKnownWhole = true}));
 }
 
 TEST(WebSession, BringsTheBytesOfAFile)
