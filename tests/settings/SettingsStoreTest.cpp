@@ -232,7 +232,7 @@ TEST_F(SettingsStoreTest, BringsItBackLaterWhereAFullDiskWasInTheWay)
     if (!disk.isMounted())
         GTEST_SKIP() << "This user may mount nothing.";
     const QString path = folder + u"/settings.json"_s;
-    test::writeFile(path, R"({"a": 1})");
+    test::writeFile(path, R"({"a": 1, "d": 1})");
     SettingsStore store(path);
     test::writeFile(path, "{\"a\": ");
     QFile filler(folder + u"/filler"_s);
@@ -241,11 +241,17 @@ TEST_F(SettingsStoreTest, BringsItBackLaterWhereAFullDiskWasInTheWay)
     }
     EXPECT_THROW(store.set(u"b", 2), SettingsError);
     ASSERT_TRUE(filler.remove());
+    // Another process has mended the file meanwhile.
+    SettingsStore other(path);
+    other.set(u"d", 4);
+    other.set(u"e", 5);
     store.set(u"c", 3);
     const SettingsStore later(path);
     EXPECT_EQ(later.integer(u"a"), 1);
     EXPECT_EQ(later.integer(u"b"), 2);
     EXPECT_EQ(later.integer(u"c"), 3);
+    EXPECT_EQ(later.integer(u"d"), 4) << "what the other has written is newer";
+    EXPECT_EQ(later.integer(u"e"), 5);
 }
 
 TEST_F(SettingsStoreTest, KeepsAFileThatItMayNotReadBesideTheNewOne)

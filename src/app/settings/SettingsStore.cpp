@@ -64,17 +64,20 @@ void SettingsStore::save()
     const QString path = withoutLinks(m_path);
     const SettingsContents found = readSettings(path);
     // What was read before the file came to harm is better than nothing, also at a later try if this one
-    // fails.
+    // fails. By then another process may have written something newer.
     if (found.isDamaged)
-        for (auto value = m_values.constBegin(); value != m_values.constEnd(); ++value)
-            m_unsaved.insert(value.key(), value.value());
+        m_rescued = m_values;
     QJsonObject values = found.values;
+    for (auto value = m_rescued.constBegin(); value != m_rescued.constEnd(); ++value)
+        if (!values.contains(value.key()))
+            values.insert(value.key(), value.value());
     for (auto change = m_unsaved.cbegin(); change != m_unsaved.cend(); ++change)
         values.insert(change.key(), change.value());
     if (found.isDamaged)
         setAsideDamaged(path);
     replaceSettings(path, values);
     m_values = values;
+    m_rescued = {};
     m_unsaved.clear();
 }
 

@@ -54,6 +54,8 @@ private:
     QString m_path;
     std::chrono::milliseconds m_patience;
     QJsonObject m_values;
+    // What was read before the file came to harm, until it is written again.
+    QJsonObject m_rescued;
     // Changes that the file doesn't hold yet; undefined stands for a removal.
     QMap<QString, QJsonValue> m_unsaved;
 };
