@@ -328,8 +328,10 @@ private:
     void setCoverArt(const PreparedCoverArt &prepared, const std::optional<QImage> &image,
                      const QString &origin);
     void discard(const QList<QUrl> &pictures);
+    void endCoverArtPreparation();
 
-    QCoro::Task<> checkForOverwrites(QUrl destination, std::stop_token stop);
+    void lookForOverwrites(const QList<ChapterInfo> &agreed);
+    QCoro::Task<> checkForOverwrites(QUrl destination, QList<ChapterInfo> agreed, std::stop_token stop);
     QCoro::Task<> untilCoverArtIsReady(std::stop_token stop);
     bool canStartIn(const QUrl &folder) const;
     void beginJob();
@@ -379,7 +381,8 @@ private:
     QPropertyNotifier m_onLogChange;
     // Counts what the user has chosen or cleared, so that a file prepared for an earlier choice is told.
     int m_coverArtChoice = 0;
-    QFuture<void> m_coverArtPreparation;
+    // Finished when the choice that is being made ready is ready, or no longer the user's.
+    std::shared_ptr<QPromise<void>> m_coverArtPreparation;
     // To be deleted once no job runs.
     QList<QUrl> m_discarded;
     // The chapters whose files the waiting question names.

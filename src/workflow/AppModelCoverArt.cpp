@@ -82,8 +82,7 @@ void AppModel::discard(const QList<QUrl> &pictures)
 void AppModel::clearCoverArt()
 {
     ++m_coverArtChoice;
-    m_coverArtPreparation = {};
-    isPreparingCoverArt = false;
+    endCoverArtPreparation();
     if (const std::optional<PreparedCoverArt> old = coverArt.value())
         discard({old->url, old->originalURL});
     coverArtPreview = std::nullopt;
@@ -113,20 +112,27 @@ bool AppModel::useCoverArtFile(const QUrl &url)
                 lastPathComponent(url)));
         return false;
     }
-    const auto preparation = std::make_shared<QPromise<void>>();
-    preparation->start();
-    m_coverArtPreparation = preparation->future();
+    endCoverArtPreparation();
+    m_coverArtPreparation = std::make_shared<QPromise<void>>();
+    m_coverArtPreparation->start();
     isPreparingCoverArt = true;
     const int choice = ++m_coverArtChoice;
-    m_tasks.start([this, url, choice, preparation](std::stop_token stop) -> QCoro::Task<> {
-        const auto over = qScopeGuard([this, choice, preparation] {
+    m_tasks.start([this, url, choice](std::stop_token stop) -> QCoro::Task<> {
+        const auto over = qScopeGuard([this, choice] {
             if (choice == m_coverArtChoice)
-                isPreparingCoverArt = false;
-            preparation->finish();
+                endCoverArtPreparation();
         });
         co_await prepareUserFile(url, choice, stop);
     });
     return true;
+}
+
+// A job that waits needn't wait for a picture that is no longer wanted: to read it may take for ever.
+void AppModel::endCoverArtPreparation()
+{
+    isPreparingCoverArt = false;
+    if (const auto preparation = std::exchange(m_coverArtPreparation, nullptr))
+        preparation->finish();
 }
 
 // Of two files the later counts, however long either takes, and what is cleared meanwhile stays so.

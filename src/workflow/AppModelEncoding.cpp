@@ -47,25 +47,33 @@ QList<EncodingLog::Entry> entriesFor(const QList<ChapterInfo> &chapters)
 
 void AppModel::startEncoding()
 {
+    lookForOverwrites({});
+}
+
+// `agreed` are the units whose files the user has agreed to overwrite.
+void AppModel::lookForOverwrites(const QList<ChapterInfo> &agreed)
+{
     const std::optional<QUrl> destination = destinationFolder();
     if (!canEncode() || !destination || m_isLookingForOverwrites)
         return;
     m_isLookingForOverwrites = true;
-    m_tasks.start(
-        [this, folder = *destination](std::stop_token stop) { return checkForOverwrites(folder, stop); });
+    m_tasks.start([this, folder = *destination, agreed](std::stop_token stop) {
+        return checkForOverwrites(folder, agreed, stop);
+    });
 }
 
 // The look at the folder may take its time on a disk across the network, so the user can act meanwhile:
-// what was true before is asked again after, and titles that were edited are looked up again.
-QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token stop)
+// what was true before is asked again after, titles that were edited are looked up again, and a cover chosen
+// meanwhile is waited for.
+QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, QList<ChapterInfo> agreed, std::stop_token stop)
 {
     const auto over = qScopeGuard([this] { m_isLookingForOverwrites = false; });
     const std::optional<QUrl> source = inputFileURL.value();
     const std::optional<DiscInfo> disc = loadedDisc.value();
-    co_await untilCoverArtIsReady(stop);
     QList<ChapterInfo> units;
     QList<QUrl> existing;
     do {
+        co_await untilCoverArtIsReady(stop);
         units = chapters.value();
         const auto look = [encoder = m_services.encoder, units, destination] {
             return encoder.existingOutputs(units, destination);
@@ -74,8 +82,8 @@ QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token sto
         throwIfCancelled(stop);
         if (!canStartIn(destination) || inputFileURL.value() != source || loadedDisc.value() != disc)
             co_return;
-    } while (chapters.value() != units);
-    if (existing.isEmpty()) {
+    } while (chapters.value() != units || isPreparingCoverArt.value());
+    if (existing.isEmpty() || units == agreed) {
         beginJob();
         co_return;
     }
@@ -90,7 +98,7 @@ QCoro::Task<> AppModel::checkForOverwrites(QUrl destination, std::stop_token sto
 QCoro::Task<> AppModel::untilCoverArtIsReady(std::stop_token stop)
 {
     while (isPreparingCoverArt.value()) {
-        const QFuture<void> preparation = m_coverArtPreparation;
+        const QFuture<void> preparation = m_coverArtPreparation->future();
         co_await preparation;
         throwIfCancelled(stop);
     }
@@ -105,10 +113,10 @@ void AppModel::confirmOverwrite()
     if (!canStartIn(question->folder))
         return;
     // Titles that have changed behind the question may lead to files that it didn't name.
-    if (chapters.value() == m_unitsInQuestion)
+    if (chapters.value() == m_unitsInQuestion && !isPreparingCoverArt.value())
         beginJob();
     else
-        startEncoding();
+        lookForOverwrites(m_unitsInQuestion);
 }
 
 bool AppModel::canStartIn(const QUrl &folder) const

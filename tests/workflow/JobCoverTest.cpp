@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The cover of a job that runs, or that is started while the cover is still being made ready.
 #include "helpers/Await.h"
+#include "helpers/Contents.h"
 #include "helpers/ModelFixture.h"
 #include "helpers/NoisyPicture.h"
 #include "helpers/Printing.h"
@@ -9,6 +10,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 
 namespace tonearm {
@@ -135,6 +138,34 @@ TEST_F(JobCover, IsNoneThatWasClearedWhileItWasBeingMadeReady)
     EXPECT_THAT(m_tools.argumentsOfTrack(1), Contains(u"-vn"_s));
     m_fixture.settle();
     EXPECT_EQ(m_fixture.temporaryArtwork(), QStringList());
+}
+
+TEST_F(JobCover, IsNoneThatWasClearedWhileAJobWaitedForIt)
+{
+    m_tools.setEncoding("echo sound > \"$output\"");
+    m_model.useCoverArtFile(picture(u"a.png"_s));
+    m_model.startEncoding();
+    QCoreApplication::sendPostedEvents();
+    EXPECT_TRUE(m_model.isPreparingCoverArt.value());
+    m_model.clearCoverArt();
+    m_fixture.waitForJobEnd();
+    EXPECT_THAT(m_tools.argumentsOfTrack(1), Contains(u"-vn"_s));
+}
+
+TEST_F(JobCover, IsTheOneChosenBehindTheQuestionAboutExistingFiles)
+{
+    ASSERT_TRUE(QDir().mkpath(m_fixture.path(u"out"_s)));
+    test::writeFile(m_fixture.path(u"out/01-One.flac"_s), "older");
+    m_model.startEncoding();
+    ASSERT_TRUE(test::eventually([this] { return m_model.pendingOverwrite.value().has_value(); }));
+    const QUrl chosen = picture(u"a.png"_s);
+    m_model.useCoverArtFile(chosen);
+    m_model.confirmOverwrite();
+    ASSERT_TRUE(test::eventually([this] { return m_tools.hasStarted(1); }));
+    EXPECT_FALSE(m_model.pendingOverwrite.value()) << "these files have been asked about";
+    EXPECT_EQ(m_model.coverArt.value()->originalURL, chosen);
+    EXPECT_THAT(m_tools.argumentsOfTrack(1), Contains(cover()));
+    letEnd();
 }
 
 TEST_F(JobCover, IsNoneThatTurnsOutToBeNoPicture)
