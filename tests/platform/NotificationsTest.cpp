@@ -75,9 +75,11 @@ TEST_F(NotificationsTest, ShowsAResult)
     const QString method = u"/org/freedesktop/Notifications org.freedesktop.Notifications."_s;
     EXPECT_EQ(service.calls(),
               (QStringList{method + u"GetCapabilities()"_s, method + u"Notify(susssasa{sv}i)"_s}));
-    EXPECT_EQ(notice().first(6), (QVariantList{u"Tonearm"_s, 0U, u"example.tonearm.Tonearm"_s, u"Encoded 2 tracks to R&B."_s,
-                                               u"1 < 2"_s, QStringList{u"default"_s, u"Show"_s}}));
-    EXPECT_EQ(qdbus_cast<QVariantMap>(notice()[6]), (QVariantMap{{u"desktop-entry"_s, u"example.tonearm.Tonearm"_s}}));
+    EXPECT_EQ(notice().first(6),
+              (QVariantList{u"Tonearm"_s, 0U, u"example.tonearm.Tonearm"_s, u"Encoded 2 tracks to R&B."_s,
+                            u"1 < 2"_s, QStringList{u"default"_s, u"Show"_s}}));
+    EXPECT_EQ(qdbus_cast<QVariantMap>(notice()[6]),
+              (QVariantMap{{u"desktop-entry"_s, u"example.tonearm.Tonearm"_s}}));
     EXPECT_EQ(notice()[7], -1);
 }
 

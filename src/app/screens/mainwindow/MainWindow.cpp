@@ -11,7 +11,8 @@
 
 #include <QCloseEvent>
 #include <QLayout>
-#include <QStyle>
+#include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -24,6 +25,8 @@ namespace {
 // Of what lies below the menus.
 constexpr QSize defaultSize(940, 940);
 constexpr QSize smallestSize(820, 900);
+// More than most desktops' title bar and border take, which isn't known before the window stands.
+constexpr int frameHeight = 40;
 
 } // namespace
 
@@ -61,12 +64,25 @@ void MainWindow::addContent(const GenreCatalog &genres)
 
 void MainWindow::keepWithin(const QSize &room)
 {
-    const int height = room.height() - style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    const int height = room.height() - frameHeight;
     const int contentHeight = height - menuBar()->sizeHint().height();
     centralWidget()->setMinimumHeight(std::min(smallestSize.height(), contentHeight));
     // Only then does the window know that it may be smaller.
     layout()->activate();
     resize(width(), std::min(this->height(), height));
+}
+
+// As soon as there is a window that can be moved to another screen.
+void MainWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::fitScreen, Qt::UniqueConnection);
+}
+
+void MainWindow::fitScreen(const QScreen *screen)
+{
+    if (screen)
+        keepWithin(screen->availableSize());
 }
 
 // Once the job that held the window open has ended.

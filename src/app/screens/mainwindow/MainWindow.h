@@ -23,7 +23,8 @@ public:
     void setCloseGuard(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
 
     /// Makes the window no higher than a screen with so much room, its title bar included. Where that is too
-    /// little for everything, the content scrolls.
+    /// little for everything, the content scrolls. The window does so by itself when it comes to another
+    /// screen.
     void keepWithin(const QSize &room);
 
 Q_SIGNALS:
@@ -37,9 +38,11 @@ Q_SIGNALS:
     void helpRequested();
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void fitScreen(const QScreen *screen);
     void addContent(const GenreCatalog &genres);
     void addMenus();
     void closeAfterJob();
