@@ -13,8 +13,8 @@ install(SCRIPT "${CMAKE_SOURCE_DIR}/packaging/debian/install_documents.cmake"
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME tonearm)
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
-set(CPACK_PACKAGE_VENDOR "The Tonearm developers")
-set(CPACK_PACKAGE_CONTACT "The Tonearm developers <packages@tonearm.example>")
+set(CPACK_PACKAGE_VENDOR "The Tonearm Project")
+set(CPACK_PACKAGE_CONTACT "The Tonearm Project <packages@tonearm.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "turn chaptered Matroska files and audio CDs into tagged FLAC files")
 set(CPACK_PACKAGE_DIRECTORY "${CMAKE_SOURCE_DIR}/build")
 set(CPACK_INSTALL_CMAKE_PROJECTS
