@@ -39,7 +39,7 @@ void appendFormat(QByteArray &bytes, qint64 sampleBytes)
 // A chunk for an application's own use, which every reader skips, brings the header to its size.
 void appendPadding(QByteArray &bytes, qint64 behind)
 {
-    const qint64 size = sectorBytes - behind - bytes.size() - chunkHeaderBytes;
+    const qint64 size = discFrameBytes - behind - bytes.size() - chunkHeaderBytes;
     const QByteArray signature = "TnAm";
     bytes += "APPL";
     append32(bytes, size);
@@ -52,9 +52,9 @@ QByteArray aiffHeader(qint64 sectors)
 {
     // The sound's chunk begins with an offset and a block size, both unused.
     constexpr qint64 soundFieldBytes = 8;
-    const qint64 sampleBytes = sectors * sectorBytes;
+    const qint64 sampleBytes = sectors * discFrameBytes;
     QByteArray bytes = "FORM";
-    append32(bytes, sectorBytes + sampleBytes - chunkHeaderBytes);
+    append32(bytes, discFrameBytes + sampleBytes - chunkHeaderBytes);
     bytes += "AIFF";
     appendFormat(bytes, sampleBytes);
     appendPadding(bytes, chunkHeaderBytes + soundFieldBytes);

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cddafs/DiscLayout.h"
 
+#include "support/AudioDisc.h"
+
 #include <algorithm>
 
 namespace tonearm {
 
 namespace {
 
-// From one session's lead-out to the next one's first track: 90 seconds of lead-out, 60 of lead-in and a
-// pause of two, at 75 sectors a second.
-constexpr qint64 sessionGap = (90 + 60 + 2) * 75;
+// From one session's lead-out to the next one's first track: 90 seconds of lead-out, 60 of lead-in and
+// the pause.
+constexpr qint64 sessionGap = (90 + 60) * discFramesPerSecond + discPauseFrames;
 
 } // namespace
 

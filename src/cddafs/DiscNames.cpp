@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cddafs/DiscNames.h"
 
+#include "support/AudioDisc.h"
 #include "support/FileName.h"
 #include "support/Text.h"
 
@@ -31,8 +32,9 @@ QString cleaned(const QString &title)
 QString trackFileName(int number, const QString &title)
 {
     const QString name = cleaned(title);
-    return fittedFileName(QString::number(number) + u' ' + (name.isEmpty() ? u"Audio Track"_s : name),
-                          u".aiff"_s);
+    return fittedFileName(QString::number(number) + u' ' +
+                              (name.isEmpty() ? QString(untitledTrackName) : name),
+                          trackFileEnding);
 }
 
 QString volumeName(const QString &discTitle)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cddafs/FullToc.h"
 
+#include "support/AudioDisc.h"
+
 #include <algorithm>
 #include <map>
 
@@ -13,8 +15,6 @@ constexpr qsizetype entryBytes = 11;
 constexpr int leadoutPoint = 0xA2;
 // Set in the control field of a data track.
 constexpr int dataFlag = 4;
-// Times count from the start of the lead-in's pause, logical sectors from its end.
-constexpr qint64 pauseSectors = 150;
 
 int byteAt(const QByteArray &bytes, qsizetype index)
 {
@@ -29,8 +29,8 @@ void addEntry(std::map<int, LayoutSession> &sessions, const QByteArray &entry)
     // Kind 1 is a position; others carry catalogue numbers and what recorders need.
     if (addressKind != 1)
         return;
-    const qint64 position =
-        (byteAt(entry, 8) * 60 + byteAt(entry, 9)) * qint64{75} + byteAt(entry, 10) - pauseSectors;
+    const qint64 seconds = byteAt(entry, 8) * 60 + byteAt(entry, 9);
+    const qint64 position = seconds * discFramesPerSecond + byteAt(entry, 10) - discPauseFrames;
     LayoutSession &session = sessions[byteAt(entry, 0)];
     session.number = byteAt(entry, 0);
     if (point == leadoutPoint)

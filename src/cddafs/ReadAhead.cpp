@@ -21,7 +21,7 @@ QByteArrayView ReadAhead::sectors(qint64 sector, qint64 count)
     const qint64 skipped = sector - m_heldFrom;
     const qint64 given = std::min(count, heldSectors() - skipped);
     m_next = sector + given;
-    return QByteArrayView(m_held).sliced(skipped * sectorBytes, given * sectorBytes);
+    return QByteArrayView(m_held).sliced(skipped * discFrameBytes, given * discFrameBytes);
 }
 
 bool ReadAhead::holds(qint64 sector) const
@@ -44,7 +44,7 @@ void ReadAhead::fetch(qint64 sector, qint64 count)
 bool ReadAhead::tryRead(qint64 sector, qint64 count)
 {
     m_heldFrom = sector;
-    m_held.resize(count * sectorBytes);
+    m_held.resize(count * discFrameBytes);
     if (m_source.read(sector, count, m_held.data()))
         return true;
     m_held.clear();
@@ -54,12 +54,13 @@ bool ReadAhead::tryRead(qint64 sector, qint64 count)
 void ReadAhead::readUpToBadSector(qint64 sector, qint64 count)
 {
     m_heldFrom = sector;
-    m_held.resize(count * sectorBytes);
+    m_held.resize(count * discFrameBytes);
     // A single sector has just failed.
     qint64 good = 0;
-    while (count > 1 && good < count && m_source.read(sector + good, 1, m_held.data() + good * sectorBytes))
+    while (count > 1 && good < count &&
+           m_source.read(sector + good, 1, m_held.data() + good * discFrameBytes))
         ++good;
-    m_held.resize(good * sectorBytes);
+    m_held.resize(good * discFrameBytes);
 }
 
 } // namespace tonearm

@@ -27,7 +27,7 @@ public:
 private:
     bool holds(qint64 sector) const;
 
-    qint64 heldSectors() const { return m_held.size() / sectorBytes; }
+    qint64 heldSectors() const { return m_held.size() / discFrameBytes; }
 
     void fetch(qint64 sector, qint64 count);
     bool tryRead(qint64 sector, qint64 count);

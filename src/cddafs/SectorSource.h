@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/AudioDisc.h"
+
 #include <QtGlobal>
 
 namespace tonearm {
-
-/// The bytes of an audio sector: 1/75 second of 44,100 samples of two channels with 16 bits.
-inline constexpr qint64 sectorBytes = 2352;
 
 /// Where audio sectors come from.
 class SectorSource

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cddafs/TocPlist.h"
 
+#include "support/AudioDisc.h"
+
 #include <plist/plist.h>
 
 #include <algorithm>
@@ -11,8 +13,6 @@ namespace tonearm {
 
 namespace {
 
-constexpr qint64 leadInSectors = 150;
-
 void setNumber(plist_t dictionary, const char *key, qint64 value)
 {
     plist_dict_set_item(dictionary, key, plist_new_uint(static_cast<std::uint64_t>(value)));
@@ -20,7 +20,7 @@ void setNumber(plist_t dictionary, const char *key, qint64 value)
 
 void setBlock(plist_t dictionary, const char *key, qint64 sector)
 {
-    setNumber(dictionary, key, std::max<qint64>(sector + leadInSectors, 0));
+    setNumber(dictionary, key, std::max<qint64>(sector + discPauseFrames, 0));
 }
 
 plist_t trackEntry(const LayoutTrack &track, int session)

@@ -21,7 +21,7 @@ void copySwapped(const char *sound, qint64 from, qint64 size, char *out)
 
 qint64 trackFileSize(const AudioTrack &track)
 {
-    return sectorBytes + track.sectors * sectorBytes;
+    return discFrameBytes + track.sectors * discFrameBytes;
 }
 
 TrackReader::TrackReader(SectorSource &source, const AudioTrack &track)
@@ -59,9 +59,9 @@ qint64 TrackReader::readHeader(qint64 offset, qint64 size, char *out) const
 
 qint64 TrackReader::readSound(qint64 offset, qint64 size, char *out)
 {
-    const qint64 sector = offset / sectorBytes;
-    const qint64 inSector = offset % sectorBytes;
-    const qint64 sectorCount = (inSector + size + sectorBytes - 1) / sectorBytes;
+    const qint64 sector = offset / discFrameBytes;
+    const qint64 inSector = offset % discFrameBytes;
+    const qint64 sectorCount = (inSector + size + discFrameBytes - 1) / discFrameBytes;
     const QByteArrayView sound = m_ahead.sectors(m_track.start + sector, sectorCount);
     const qint64 count = std::clamp<qint64>(sound.size() - inSector, 0, size);
     copySwapped(sound.data(), inSector, count, out);

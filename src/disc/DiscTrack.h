@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/AudioDisc.h"
+
 #include <QString>
 #include <QUrl>
 
 #include <optional>
 
 namespace tonearm {
-
-/// A CD's frames, which are its sectors, in a second.
-inline constexpr int discFramesPerSecond = 75;
-
-/// The bytes of sound in a frame: 588 samples of two channels with 16 bits.
-inline constexpr qint64 discFrameBytes = 2352;
 
 /// One audio track of a disc.
 struct DiscTrack

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "disc/TrackFileName.h"
 
+#include "support/AudioDisc.h"
 #include "support/Numbers.h"
 #include "support/Text.h"
 
@@ -24,7 +25,7 @@ qsizetype leadingNumberLength(const QString &text)
 std::optional<QString> titleOf(const QString &text)
 {
     const QString title = trimmedBlanks(text);
-    if (title.isEmpty() || title == u"Audio Track"_s)
+    if (title.isEmpty() || title == untitledTrackName)
         return std::nullopt;
     return title;
 }
@@ -33,10 +34,9 @@ std::optional<QString> titleOf(const QString &text)
 
 std::optional<TrackFileName> TrackFileName::parse(const QString &name)
 {
-    const QString extension = u".aiff"_s;
-    if (!name.endsWith(extension, Qt::CaseInsensitive))
+    if (!name.endsWith(trackFileEnding, Qt::CaseInsensitive))
         return std::nullopt;
-    const QString stem = name.chopped(extension.size());
+    const QString stem = name.chopped(trackFileEnding.size());
     const qsizetype length = leadingNumberLength(stem);
     // Not everything that is a number in Unicode's sense is a decimal digit.
     const std::optional<qint64> number = parseInteger(stem.left(length));

@@ -27,20 +27,20 @@ quint32 numberAt(const QByteArray &bytes, qsizetype at)
 TEST(AiffHeader, HasTheSizeOfASector)
 {
     for (const qint64 sectors : {0, 1, 20, 360000})
-        EXPECT_EQ(aiffHeader(sectors).size(), sectorBytes);
+        EXPECT_EQ(aiffHeader(sectors).size(), discFrameBytes);
 }
 
 TEST(AiffHeader, TellsTheSizesOfTheFileAndOfTheSound)
 {
     for (const qint64 sectors : {1, 75, 360000}) {
         const QByteArray header = aiffHeader(sectors);
-        const qint64 soundBytes = sectors * sectorBytes;
+        const qint64 soundBytes = sectors * discFrameBytes;
         EXPECT_EQ(header.first(4), "FORM");
-        EXPECT_EQ(numberAt(header, 4), sectorBytes + soundBytes - 8);
+        EXPECT_EQ(numberAt(header, 4), discFrameBytes + soundBytes - 8);
         EXPECT_EQ(header.mid(8, 8), "AIFFCOMM");
         EXPECT_EQ(numberAt(header, 22), sectors * 588);
-        EXPECT_EQ(header.mid(sectorBytes - 16, 4), "SSND");
-        EXPECT_EQ(numberAt(header, sectorBytes - 12), soundBytes + 8);
+        EXPECT_EQ(header.mid(discFrameBytes - 16, 4), "SSND");
+        EXPECT_EQ(numberAt(header, discFrameBytes - 12), soundBytes + 8);
     }
 }
 

@@ -72,7 +72,7 @@ std::optional<QByteArray> bytesAt(const FileDescriptor &file, qint64 offset, qin
 
 qint64 offsetOf(qint64 sector)
 {
-    return (sector - trackStart + 1) * sectorBytes;
+    return (sector - trackStart + 1) * discFrameBytes;
 }
 
 } // namespace
@@ -102,7 +102,7 @@ TEST_F(FuseVolumeTest, ListsItsFilesForItsUserAlone)
     EXPECT_EQ(test::namesIn(volume.folder()), (QStringList{u".TOC.plist"_s, u"1 Song.aiff"_s}));
     struct stat status = {};
     ASSERT_EQ(::stat(volume.track().toUtf8().constData(), &status), 0);
-    EXPECT_EQ(status.st_size, (trackSectors + 1) * sectorBytes);
+    EXPECT_EQ(status.st_size, (trackSectors + 1) * discFrameBytes);
     EXPECT_EQ(status.st_mode, S_IFREG | 0444U);
     EXPECT_EQ(status.st_uid, ::getuid());
     EXPECT_EQ(::stat((volume.folder() + u"/2 Song.aiff").toUtf8().constData(), &status), -1);
@@ -147,7 +147,7 @@ TEST_F(FuseVolumeTest, ReadsFewLargePiecesForManySmallOnes)
     const ServedVolume volume(source);
     const FileDescriptor file = opened(volume.track());
     for (qint64 sector = trackStart; sector < trackStart + 129; ++sector)
-        ASSERT_EQ(bytesAt(file, offsetOf(sector), sectorBytes), FailingSource::fileSectors(sector, 1));
+        ASSERT_EQ(bytesAt(file, offsetOf(sector), discFrameBytes), FailingSource::fileSectors(sector, 1));
     EXPECT_EQ(source.takeReadings(), (Readings{{500, 1}, {501, 64}, {565, 64}}));
 }
 
@@ -156,10 +156,10 @@ TEST_F(FuseVolumeTest, GivesWhatIsGoodBeforeItFails)
     FailingSource source({600, 601});
     const ServedVolume volume(source);
     const FileDescriptor file = opened(volume.track());
-    EXPECT_EQ(bytesAt(file, offsetOf(590), 16 * sectorBytes), FailingSource::fileSectors(590, 10));
-    EXPECT_EQ(bytesAt(file, offsetOf(600), sectorBytes), std::nullopt);
+    EXPECT_EQ(bytesAt(file, offsetOf(590), 16 * discFrameBytes), FailingSource::fileSectors(590, 10));
+    EXPECT_EQ(bytesAt(file, offsetOf(600), discFrameBytes), std::nullopt);
     EXPECT_EQ(errno, EIO);
-    EXPECT_EQ(bytesAt(file, offsetOf(602), sectorBytes), FailingSource::fileSectors(602, 1));
+    EXPECT_EQ(bytesAt(file, offsetOf(602), discFrameBytes), FailingSource::fileSectors(602, 1));
 }
 
 TEST_F(FuseVolumeTest, GivesWhatIsGoodOfAReadingLargerThanTheKernelAsksAtOnce)
@@ -167,7 +167,7 @@ TEST_F(FuseVolumeTest, GivesWhatIsGoodOfAReadingLargerThanTheKernelAsksAtOnce)
     FailingSource source({850});
     const ServedVolume volume(source);
     const FileDescriptor file = opened(volume.track());
-    EXPECT_TRUE(bytesAt(file, 0, (trackSectors + 1) * sectorBytes) ==
+    EXPECT_TRUE(bytesAt(file, 0, (trackSectors + 1) * discFrameBytes) ==
                 aiffHeader(trackSectors) + FailingSource::fileSectors(trackStart, 350));
 }
 

@@ -18,7 +18,7 @@ constexpr qint64 window = ReadAhead::window;
 qint64 sectorsRead(ReadAhead &reader, qint64 sector, qint64 count)
 {
     const QByteArray got = reader.sectors(sector, count).toByteArray();
-    const qint64 gotCount = got.size() / sectorBytes;
+    const qint64 gotCount = got.size() / discFrameBytes;
     QByteArray expected;
     for (qint64 number = sector; number < sector + gotCount; ++number)
         expected += FailingSource::sector(number);

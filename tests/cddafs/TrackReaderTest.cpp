@@ -32,7 +32,7 @@ QByteArray wholeFile()
 // The offset in the file of one of the track's sectors.
 qint64 offsetInFile(qint64 sector)
 {
-    return sectorBytes + sector * sectorBytes;
+    return discFrameBytes + sector * discFrameBytes;
 }
 
 } // namespace
@@ -78,7 +78,7 @@ TEST(TrackReader, ReadsWholeSectorsFromTheDiscForWholeSectorsOfTheFile)
 {
     FailingSource source;
     TrackReader reader(source, track);
-    bytesRead(reader, offsetInFile(10), 16 * sectorBytes);
+    bytesRead(reader, offsetInFile(10), 16 * discFrameBytes);
     EXPECT_EQ(source.takeReadings(), (Readings{{510, 16}}));
 }
 
@@ -96,28 +96,28 @@ TEST(TrackReader, GivesAShortReadBeforeABadSectorAndFailsAtIt)
 {
     FailingSource source({520});
     TrackReader reader(source, track);
-    EXPECT_EQ(bytesRead(reader, offsetInFile(10), 16 * sectorBytes), FailingSource::fileSectors(510, 10));
-    EXPECT_EQ(bytesRead(reader, offsetInFile(20), 16 * sectorBytes), std::nullopt);
+    EXPECT_EQ(bytesRead(reader, offsetInFile(10), 16 * discFrameBytes), FailingSource::fileSectors(510, 10));
+    EXPECT_EQ(bytesRead(reader, offsetInFile(20), 16 * discFrameBytes), std::nullopt);
     EXPECT_EQ(bytesRead(reader, offsetInFile(20) + 100, 1), std::nullopt);
-    EXPECT_EQ(bytesRead(reader, offsetInFile(21), sectorBytes), FailingSource::fileSectors(521, 1));
+    EXPECT_EQ(bytesRead(reader, offsetInFile(21), discFrameBytes), FailingSource::fileSectors(521, 1));
 }
 
 TEST(TrackReader, GivesTheHeaderBeforeABadFirstSector)
 {
     FailingSource source({500});
     TrackReader reader(source, track);
-    EXPECT_EQ(bytesRead(reader, 0, 16 * sectorBytes), aiffHeader(track.sectors));
-    EXPECT_EQ(bytesRead(reader, sectorBytes, sectorBytes), std::nullopt);
+    EXPECT_EQ(bytesRead(reader, 0, 16 * discFrameBytes), aiffHeader(track.sectors));
+    EXPECT_EQ(bytesRead(reader, discFrameBytes, discFrameBytes), std::nullopt);
 }
 
 TEST(TrackReader, ReadsTheDiscAgainForEachOpening)
 {
     FailingSource source;
     TrackReader first(source, track);
-    bytesRead(first, offsetInFile(0), sectorBytes);
+    bytesRead(first, offsetInFile(0), discFrameBytes);
     const Readings readings = source.takeReadings();
     TrackReader second(source, track);
-    bytesRead(second, offsetInFile(0), sectorBytes);
+    bytesRead(second, offsetInFile(0), discFrameBytes);
     EXPECT_EQ(readings, (Readings{{500, 1}}));
     EXPECT_EQ(source.takeReadings(), readings);
 }

@@ -26,7 +26,8 @@ public:
         if (!m_judge(first, count))
             return false;
         for (qint64 at = 0; at < count; ++at)
-            std::memcpy(out + at * sectorBytes, FailingSource::sector(first + at).constData(), sectorBytes);
+            std::memcpy(out + at * discFrameBytes, FailingSource::sector(first + at).constData(),
+                        discFrameBytes);
         return true;
     }
 

@@ -15,7 +15,7 @@ bool FailingSource::read(qint64 first, qint64 count, char *out)
     for (qint64 number = first; number < first + count; ++number) {
         if (m_bad.contains(number))
             return false;
-        std::memcpy(out + (number - first) * sectorBytes, sector(number).constData(), sectorBytes);
+        std::memcpy(out + (number - first) * discFrameBytes, sector(number).constData(), discFrameBytes);
     }
     return true;
 }
@@ -28,9 +28,9 @@ QList<FailingSource::Reading> FailingSource::takeReadings()
 
 QByteArray FailingSource::sector(qint64 number)
 {
-    QByteArray bytes(sectorBytes, '\0');
+    QByteArray bytes(discFrameBytes, '\0');
     char *out = bytes.data();
-    for (qsizetype at = 0; at < sectorBytes; ++at)
+    for (qsizetype at = 0; at < discFrameBytes; ++at)
         out[at] = static_cast<char>((number * 31 + at * 7 + at / 256) & 0xFF);
     return bytes;
 }
