@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cddafs/EndWatch.h"
 
+#include "tools/Pidfd.h"
+
 #include <poll.h>
 #include <unistd.h>
-
-// glibc before 2.37 declares it without regard to C++.
-extern "C" {
-#include <sys/pidfd.h>
-}
 
 #include <array>
 #include <csignal>

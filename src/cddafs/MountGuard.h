@@ -16,7 +16,7 @@ namespace tonearm {
 class MountGuard
 {
 public:
-    /// With `removesFolder` the mount point goes too. Throws CddafsError.
+    /// With `removesFolder` the mount point goes too. Throws CddafsError and std::system_error.
     MountGuard(const QByteArray &mountPoint, bool removesFolder);
     /// Lets the shell end without a deed: the volume is unmounted.
     ~MountGuard();

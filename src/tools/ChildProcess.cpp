@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/ChildProcess.h"
 
+#include "tools/Pidfd.h"
+#include "tools/Spawning.h"
+
 #include <QFile>
 
 #include <poll.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-// glibc before 2.37 declares these two without regard to C++.
-extern "C" {
-#include <sys/pidfd.h>
-}
 
 #include <cerrno>
 #include <csignal>
@@ -30,56 +27,6 @@ void check(int error)
     if (error != 0)
         throw std::system_error(error, std::generic_category());
 }
-
-// What becomes of the descriptors in the child.
-class FileActions
-{
-public:
-    FileActions(int standardOutput, int standardError)
-    {
-        check(::posix_spawn_file_actions_init(&m_actions));
-        check(::posix_spawn_file_actions_adddup2(&m_actions, standardOutput, STDOUT_FILENO));
-        check(::posix_spawn_file_actions_adddup2(&m_actions, standardError, STDERR_FILENO));
-        check(::posix_spawn_file_actions_addclosefrom_np(&m_actions, firstDescriptorNotInherited));
-    }
-
-    ~FileActions() { ::posix_spawn_file_actions_destroy(&m_actions); }
-
-    FileActions(const FileActions &) = delete;
-    FileActions &operator=(const FileActions &) = delete;
-
-    const posix_spawn_file_actions_t *get() const { return &m_actions; }
-
-private:
-    posix_spawn_file_actions_t m_actions{};
-};
-
-// The child starts with no signal blocked and none ignored, whatever this thread does.
-class Attributes
-{
-public:
-    Attributes()
-    {
-        check(::posix_spawnattr_init(&m_attributes));
-        sigset_t none;
-        sigset_t all;
-        sigemptyset(&none);
-        sigfillset(&all);
-        check(::posix_spawnattr_setsigmask(&m_attributes, &none));
-        check(::posix_spawnattr_setsigdefault(&m_attributes, &all));
-        check(::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF));
-    }
-
-    ~Attributes() { ::posix_spawnattr_destroy(&m_attributes); }
-
-    Attributes(const Attributes &) = delete;
-    Attributes &operator=(const Attributes &) = delete;
-
-    const posix_spawnattr_t *get() const { return &m_attributes; }
-
-private:
-    posix_spawnattr_t m_attributes{};
-};
 
 std::vector<QByteArray> encoded(const QString &executable, const QStringList &arguments)
 {
@@ -106,10 +53,13 @@ ChildProcess ChildProcess::launch(const QString &executable, const QStringList &
         argv.push_back(word.data());
     argv.push_back(nullptr);
 
-    const FileActions actions(standardOutput.number(), standardError.number());
-    const Attributes attributes;
+    SpawnDescriptors descriptors;
+    descriptors.duplicate(standardOutput.number(), STDOUT_FILENO);
+    descriptors.duplicate(standardError.number(), STDERR_FILENO);
+    descriptors.closeFrom(firstDescriptorNotInherited);
+    const SpawnAttributes attributes;
     pid_t pid = 0;
-    check(::posix_spawn(&pid, argv.front(), actions.get(), attributes.get(), argv.data(), environ));
+    check(::posix_spawn(&pid, argv.front(), descriptors.get(), attributes.get(), argv.data(), environ));
 
     // The child isn't reaped before wait(), so the number is still its own here.
     const int pidfd = ::pidfd_open(pid, 0);
