@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Markers and their meaning: ITU-T T.81, annex B.
 #include "artwork/JpegHeader.h"
+
+#include "artwork/JpegMarkers.h"
 
 #include <QByteArray>
 #include <QList>
@@ -12,17 +13,13 @@ namespace tonearm {
 
 namespace {
 
-constexpr quint8 escape = 0xFF;
-constexpr quint8 endOfImage = 0xD9;
-constexpr quint8 startOfScan = 0xDA;
-
 bool isFrame(quint8 marker)
 {
     constexpr quint8 huffmanTables = 0xC4;
     constexpr quint8 extension = 0xC8;
     constexpr quint8 arithmeticTables = 0xCC;
-    return marker >= 0xC0 && marker <= 0xCF && marker != huffmanTables && marker != extension &&
-           marker != arithmeticTables;
+    return marker >= jpeg::firstFrame && marker <= jpeg::lastFrame && marker != huffmanTables &&
+           marker != extension && marker != arithmeticTables;
 }
 
 // Of the frames' four orders, progressive is the third in each group of four.
@@ -34,9 +31,7 @@ bool isProgressive(quint8 frameMarker)
 bool standsAlone(quint8 marker)
 {
     constexpr quint8 temporary = 0x01;
-    constexpr quint8 firstRestart = 0xD0;
-    constexpr quint8 startOfImage = 0xD8;
-    return marker == temporary || (marker >= firstRestart && marker <= startOfImage);
+    return marker == temporary || (marker >= jpeg::firstRestart && marker <= jpeg::startOfImage);
 }
 
 // The next marker, past whatever lies before it, as decoders look for it; 0 at the end.
@@ -46,9 +41,9 @@ quint8 nextMarker(QIODevice &device)
     bool isEscaped = false;
     while (device.getChar(&byte)) {
         const auto value = static_cast<quint8>(byte);
-        if (isEscaped && value != escape && value != 0)
+        if (isEscaped && value != jpeg::escape && value != 0)
             return value;
-        isEscaped = value == escape;
+        isEscaped = value == jpeg::escape;
     }
     return 0;
 }
@@ -105,12 +100,12 @@ std::optional<qint64> jpegScanBytes(QIODevice &device)
     QByteArray frame;
     bool hasSeveralScans = false;
     device.seek(0);
-    for (quint8 marker = nextMarker(device); marker != 0 && marker != endOfImage;
+    for (quint8 marker = nextMarker(device); marker != 0 && marker != jpeg::endOfImage;
          marker = nextMarker(device)) {
         if (standsAlone(marker))
             continue;
         const QByteArray contents = segment(device);
-        if (marker == startOfScan) {
+        if (marker == jpeg::startOfScan) {
             // A scan that leaves a component out has others after it.
             hasSeveralScans = hasSeveralScans || byteAt(contents, 0) < byteAt(frame, componentCountPlace);
             return hasSeveralScans ? coefficientBytes(frame) : 0;

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArrayView>
 #include <QIODevice>
 
 #include <optional>
 
 namespace tonearm {
-
-/// The bytes that every JPEG begins with: the start marker and the first byte of another marker.
-inline constexpr QByteArrayView jpegSignature("\xFF\xD8\xFF");
 
 /// How many bytes a decoder holds for the coefficients of the whole picture. A picture in one scan needs none
 /// of that; one in several scans, as progressive ones are, is known only when the last scan has come.

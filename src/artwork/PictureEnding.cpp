@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/PictureEnding.h"
 
-#include "artwork/JpegHeader.h"
+#include "artwork/JpegMarkers.h"
 #include "artwork/PngFile.h"
 
 #include <QtEndian>
@@ -16,21 +16,17 @@ namespace {
 // segments lies the compressed picture, in which an escape is never followed by another marker's byte.
 bool hasJpegEnd(QByteArrayView bytes)
 {
-    constexpr char escape = '\xFF';
-    constexpr quint8 endOfImage = 0xD9;
     constexpr qsizetype markerBytes = 2;
     constexpr qsizetype lengthBytes = 2;
     const auto isFollowedBySegment = [](quint8 marker) {
-        constexpr quint8 firstOfFrames = 0xC0;
-        constexpr quint8 firstRestart = 0xD0;
-        return marker >= firstOfFrames && (marker < firstRestart || marker > endOfImage);
+        return marker >= jpeg::firstFrame && (marker < jpeg::firstRestart || marker > jpeg::endOfImage);
     };
     qsizetype place = 0;
-    while ((place = bytes.indexOf(escape, place)) >= 0 && place + 1 < bytes.size()) {
+    while ((place = bytes.indexOf(static_cast<char>(jpeg::escape), place)) >= 0 && place + 1 < bytes.size()) {
         const auto marker = static_cast<quint8>(bytes[place + 1]);
-        if (marker == endOfImage)
+        if (marker == jpeg::endOfImage)
             return true;
-        if (marker == static_cast<quint8>(escape)) {
+        if (marker == jpeg::escape) {
             ++place;
             continue;
         }
@@ -63,11 +59,9 @@ bool hasPngEnd(QByteArrayView bytes)
 
 bool lacksPictureEnd(QByteArrayView bytes)
 {
-    // The rest of the signature may be what is missing.
-    constexpr qsizetype pngNameEnd = 4;
     if (bytes.startsWith(jpegSignature))
         return !hasJpegEnd(bytes);
-    if (bytes.startsWith(pngSignature.first(pngNameEnd)))
+    if (bytes.startsWith(pngSignatureStart))
         return !hasPngEnd(bytes);
     return false;
 }

@@ -2,6 +2,7 @@
 #include "artwork/PictureInfo.h"
 
 #include "artwork/JpegHeader.h"
+#include "artwork/JpegMarkers.h"
 #include "artwork/PngFile.h"
 
 #include <QFile>

@@ -20,6 +20,9 @@ class BoxAverage;
 /// The bytes that every PNG begins with.
 inline constexpr QByteArrayView pngSignature("\x89PNG\r\n\x1A\n");
 
+/// What of them tells a PNG whose further bytes are damaged or missing.
+inline constexpr QByteArrayView pngSignatureStart = pngSignature.first(4);
+
 /// A PNG that is read row by row and made smaller on the way, so that a picture of any size takes no more
 /// memory than what is wanted of it. Texts and other additions in the file are passed over, an orientation
 /// among them, which few programs write and fewer honour; not so a colour profile.

@@ -2,6 +2,8 @@
 #include "metadata/ArtworkType.h"
 
 #include "artwork/CoverArtError.h"
+#include "artwork/JpegMarkers.h"
+#include "artwork/PngFile.h"
 
 namespace tonearm {
 
@@ -16,9 +18,9 @@ QString artworkExtension(const QString &contentType, QByteArrayView data)
         return u"png"_s;
     if (!type.isEmpty())
         throw CoverArtError::unsupportedImageType(type);
-    if (data.startsWith("\xff\xd8\xff"))
+    if (data.startsWith(jpegSignature))
         return u"jpg"_s;
-    if (data.startsWith("\x89PNG"))
+    if (data.startsWith(pngSignatureStart))
         return u"png"_s;
     throw CoverArtError::unsupportedImageType(u"an unrecognised format"_s);
 }

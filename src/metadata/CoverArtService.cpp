@@ -59,7 +59,7 @@ QCoro::Task<DownloadedCoverArt> CoverArtService::download(QUrl url, MetadataSour
             throw MetadataServiceError::networkFailure(source, u"Connection closed."_s);
         co_return {.data = reply.body, .fileExtension = extension, .source = source};
     } catch (const MetadataServiceError &error) {
-        if (error != MetadataServiceError::httpFailure(source, 404))
+        if (!error.saysNotFound())
             throw;
     }
     throw CoverArtError::noArtworkAvailable(source);

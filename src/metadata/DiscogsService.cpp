@@ -66,7 +66,7 @@ QCoro::Task<ReleaseInfo> DiscogsService::details(QString releaseID, std::stop_to
     try {
         co_return co_await m_client.get(path, {}, read, stop);
     } catch (const MetadataServiceError &error) {
-        if (error != MetadataServiceError::httpFailure(MetadataSource::discogs, 404))
+        if (!error.saysNotFound())
             throw;
     }
     throw MetadataServiceError::releaseNotFound(MetadataSource::discogs, id);

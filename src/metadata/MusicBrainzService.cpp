@@ -18,11 +18,6 @@ QueryPair asJson()
     return {u"fmt"_s, u"json"_s};
 }
 
-MetadataServiceError notFound()
-{
-    return MetadataServiceError::httpFailure(MetadataSource::musicBrainz, 404);
-}
-
 QList<ReleaseInfo> releaseInfos(const JsonNode &reply, const std::optional<QString> &discID,
                                 const QString &webSite)
 {
@@ -68,7 +63,7 @@ QCoro::Task<QList<ReleaseInfo>> MusicBrainzService::lookUpDisc(QString discID, s
     try {
         co_return co_await m_client.get(path, pairs, read, stop);
     } catch (const MetadataServiceError &error) {
-        if (error != notFound())
+        if (!error.saysNotFound())
             throw;
     }
     co_return {};
@@ -85,7 +80,7 @@ QCoro::Task<QList<TrackInfo>> MusicBrainzService::tracks(QString releaseID, std:
     try {
         co_return co_await m_client.get(path, pairs, read, stop);
     } catch (const MetadataServiceError &error) {
-        if (error != notFound())
+        if (!error.saysNotFound())
             throw;
     }
     throw MetadataServiceError::releaseNotFound(MetadataSource::musicBrainz, id);

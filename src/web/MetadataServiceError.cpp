@@ -51,6 +51,12 @@ MetadataServiceError MetadataServiceError::releaseNotFound(MetadataSource source
     return {Kind::releaseNotFound, source, std::move(id), 0};
 }
 
+bool MetadataServiceError::saysNotFound() const
+{
+    constexpr int notFound = 404;
+    return kind == Kind::httpFailure && statusCode == notFound;
+}
+
 QString MetadataServiceError::description() const
 {
     const QString name = source ? displayName(*source) : QString();

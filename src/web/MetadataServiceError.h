@@ -46,6 +46,9 @@ public:
     /// For httpFailure only, else 0.
     int statusCode;
 
+    /// Whether the service answered that it hasn't got what was asked for.
+    bool saysNotFound() const;
+
     bool operator==(const MetadataServiceError &other) const;
 
 private:
