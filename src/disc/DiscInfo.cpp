@@ -47,8 +47,7 @@ QString DiscInfo::totalDurationText() const
     double sum = 0;
     for (const DiscTrack &track : tracks)
         sum += seconds(track);
-    const qint64 rounded = std::llround(sum);
-    return QString::number(rounded / 60) + u':' + padded(rounded % 60, 2);
+    return minutesAndSeconds(std::round(sum));
 }
 
 QString DiscInfo::summary() const

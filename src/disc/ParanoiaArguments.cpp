@@ -15,9 +15,8 @@ namespace {
 QString lengthText(qint64 frames)
 {
     const qint64 counted = std::max(qint64{0}, frames);
-    const qint64 seconds = counted / discFramesPerSecond;
-    return u"%1:%2.%3"_s.arg(QString::number(seconds / 60), padded(seconds % 60, 2),
-                             padded(counted % discFramesPerSecond, 2));
+    const auto seconds = static_cast<double>(counted / discFramesPerSecond);
+    return minutesAndSeconds(seconds) + u'.' + padded(counted % discFramesPerSecond, 2);
 }
 
 QStringList spanArguments(const DiscTrack &track)

@@ -55,14 +55,6 @@ QString durationText(EncodingLog::Duration duration)
     return fixedPoint(duration.count(), 1) + u's';
 }
 
-QString minutesAndSeconds(double wholeSeconds)
-{
-    // Adding nothing makes a zero of a negative zero, which would show its sign.
-    const double minutes = std::trunc(wholeSeconds / secondsPerMinute) + 0.0;
-    const auto seconds = static_cast<qint64>(std::fmod(wholeSeconds, secondsPerMinute));
-    return fixedPoint(minutes, 0) + u':' + padded(seconds, 2);
-}
-
 QString totalTimeText(double seconds)
 {
     if (seconds < secondsPerMinute)

@@ -57,4 +57,13 @@ QString padded(qint64 value, int digits)
     return u"%1"_s.arg(value, digits, decimal, QChar(u'0'));
 }
 
+QString minutesAndSeconds(double wholeSeconds)
+{
+    constexpr double secondsPerMinute = 60;
+    // Adding nothing makes a zero of a negative zero, which would show its sign.
+    const double minutes = std::trunc(wholeSeconds / secondsPerMinute) + 0.0;
+    const auto seconds = static_cast<qint64>(std::fmod(wholeSeconds, secondsPerMinute));
+    return fixedPoint(minutes, 0) + u':' + padded(seconds, 2);
+}
+
 } // namespace tonearm

@@ -21,4 +21,8 @@ QString fixedPoint(double value, int decimals);
 /// The number in decimal, with zeros in front up to `digits` places; a minus takes one of them.
 QString padded(qint64 value, int digits);
 
+/// A whole number of seconds, of any size but finite, as minutes and seconds: "75:09". An hour counts as 60
+/// minutes.
+QString minutesAndSeconds(double wholeSeconds);
+
 } // namespace tonearm

@@ -89,6 +89,15 @@ TEST(Numbers, RoundsToTheWantedPlaces)
     EXPECT_EQ(fixedPoint(0, 2), u"0.00"_s);
 }
 
+TEST(Numbers, WritesMinutesAndSeconds)
+{
+    EXPECT_EQ(minutesAndSeconds(0), u"0:00"_s);
+    EXPECT_EQ(minutesAndSeconds(59), u"0:59"_s);
+    EXPECT_EQ(minutesAndSeconds(4509), u"75:09"_s);
+    EXPECT_EQ(minutesAndSeconds(6e20), u"10000000000000000000:00"_s);
+    EXPECT_EQ(minutesAndSeconds(-0.0), u"0:00"_s);
+}
+
 TEST(Numbers, PadsWithZeros)
 {
     EXPECT_EQ(padded(7, 2), u"07"_s);

@@ -10,22 +10,21 @@ namespace tonearm {
 
 namespace {
 
-// Foreign timestamps may be anything a double can hold; beyond this a conversion would be undefined.
+// Foreign timestamps may be anything a double can hold, infinity too; nothing longer than this is shown.
 constexpr double longestSeconds = 1e15;
 
-qint64 wholeSeconds(double seconds)
+double wholeSeconds(double seconds)
 {
     if (!(seconds > 0))
         return 0;
-    return std::llround(std::min(seconds, longestSeconds));
+    return std::round(std::min(seconds, longestSeconds));
 }
 
 } // namespace
 
 QString ChapterInfo::durationText() const
 {
-    const qint64 seconds = wholeSeconds(endSeconds - startSeconds);
-    return QString::number(seconds / 60) + u':' + padded(seconds % 60, 2);
+    return minutesAndSeconds(wholeSeconds(endSeconds - startSeconds));
 }
 
 } // namespace tonearm
