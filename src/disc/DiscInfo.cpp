@@ -52,8 +52,7 @@ QString DiscInfo::totalDurationText() const
 
 QString DiscInfo::summary() const
 {
-    const QString count = tracks.size() == 1 ? u"1 track"_s : QString::number(tracks.size()) + u" tracks"_s;
-    return count + u" · "_s + totalDurationText();
+    return counted(tracks.size(), u"track"_s) + u" · "_s + totalDurationText();
 }
 
 QList<ChapterInfo> DiscInfo::chapters() const

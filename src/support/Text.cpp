@@ -96,6 +96,12 @@ bool isNumeric(QStringView character)
     return QChar::isNumber(firstScalar(character));
 }
 
+QString counted(qint64 count, const QString &noun)
+{
+    const QString text = QString::number(count) + u' ' + noun;
+    return count == 1 ? text : QString(text + u's');
+}
+
 QString withoutNull(QString text)
 {
     return text.remove(QChar::Null);

@@ -34,6 +34,9 @@ char32_t firstScalar(QStringView character);
 /// Whether a character is a number in Unicode's sense, told by its first code point.
 bool isNumeric(QStringView character);
 
+/// The number with its noun: "1 track", "2 tracks". The noun is given in the singular and takes an "s".
+QString counted(qint64 count, const QString &noun);
+
 /// The text without U+0000, at which a text ends for programs that are given it.
 QString withoutNull(QString text);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tageditor/SaveReports.h"
 
+#include "support/Text.h"
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -15,11 +17,6 @@ QStringList tagsOf(const QList<RefusedSave> &files)
     tags.removeDuplicates();
     tags.sort();
     return tags;
-}
-
-QString counted(qsizetype count, const QString &noun)
-{
-    return QString::number(count) + u' ' + noun + (count == 1 ? u""_s : u"s"_s);
 }
 
 QString savedPiece(qsizetype count)

@@ -3,6 +3,7 @@
 #include "workflow/AppModel.h"
 
 #include "support/Cancellation.h"
+#include "support/Text.h"
 
 #include <algorithm>
 
@@ -22,11 +23,6 @@ AudioStreamInfo discAudio()
     audio.channelCount = 2;
     audio.channelLayout = u"stereo"_s;
     return audio;
-}
-
-QString foundMessage(qsizetype count)
-{
-    return count == 1 ? u"Found 1 track."_s : u"Found %1 tracks."_s.arg(count);
 }
 
 bool isAt(const std::optional<DiscInfo> &disc, const QUrl &volumeURL)
@@ -67,7 +63,7 @@ void AppModel::loadDisc(const DiscInfo &disc)
     searchNotices = QList<MetadataSearchOutcome::Notice>();
     forgetSourcesResults();
     currentState = WorkflowState::Kind::readingDisc;
-    progressMessage = foundMessage(disc.tracks.size());
+    progressMessage = u"Found %1."_s.arg(counted(disc.tracks.size(), u"track"_s));
     isDiscLookup = true;
     isLoadingReleases = true;
     isShowingSearchResults = true;

@@ -5,6 +5,7 @@
 #include "support/Background.h"
 #include "support/Cancellation.h"
 #include "support/PathText.h"
+#include "support/Text.h"
 #include "workflow/EncodingJob.h"
 #include "workflow/JobCoverArt.h"
 
@@ -119,8 +120,8 @@ void AppModel::completeJob(const EncodingJob &job)
     lastOutputFolder = job.destination;
     encodingProgress = 1;
     currentState = WorkflowState::Kind::complete;
-    const QString tracks = job.outputs.size() == 1 ? u"1 track"_s : u"%1 tracks"_s.arg(job.outputs.size());
-    progressMessage = u"Encoded %1 to %2."_s.arg(tracks, lastPathComponent(job.destination));
+    progressMessage = u"Encoded %1 to %2."_s.arg(counted(job.outputs.size(), u"track"_s),
+                                                 lastPathComponent(job.destination));
     EncodingCompletion finished;
     finished.fileCount = job.outputs.size();
     completion = finished;

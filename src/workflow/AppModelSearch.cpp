@@ -19,7 +19,7 @@ QString foundMessage(qsizetype count)
 {
     if (count == 0)
         return u"No releases matched that artist and album."_s;
-    return count == 1 ? u"Found 1 release."_s : u"Found %1 releases."_s.arg(count);
+    return u"Found %1."_s.arg(counted(count, u"release"_s));
 }
 
 QString matchedMessage(qsizetype count, const DiscInfo &disc)

@@ -4,6 +4,7 @@
 
 #include "support/Cancellation.h"
 #include "support/PathText.h"
+#include "support/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,11 +20,6 @@ constexpr auto matroskaExtension = "mkv"_L1;
 bool isEdited(const ChapterInfo &chapter)
 {
     return chapter.mappedTitle != chapter.originalTitle;
-}
-
-QString foundMessage(qsizetype count)
-{
-    return count == 1 ? u"Found 1 chapter."_s : u"Found %1 chapters."_s.arg(count);
 }
 
 } // namespace
@@ -79,7 +75,7 @@ QString AppModel::workSummary() const
     const auto edited = std::count_if(all.begin(), all.end(), isEdited);
     QStringList pieces;
     if (edited > 0)
-        pieces.append(edited == 1 ? u"1 edited title"_s : u"%1 edited titles"_s.arg(edited));
+        pieces.append(counted(edited, u"edited title"_s));
     if (coverArt.value() || isPreparingCoverArt.value())
         pieces.append(u"the cover art you chose"_s);
     return pieces.isEmpty() ? u"the current setup"_s : pieces.join(u" and "_s);
@@ -164,7 +160,7 @@ void AppModel::showInspection(const SourceInspection &inspection)
     chapters = inspection.chapters;
     sourceAudio = inspection.audioStream;
     currentState = WorkflowState::Kind::awaitingUserMapping;
-    progressMessage = foundMessage(inspection.chapters.size());
+    progressMessage = u"Found %1."_s.arg(counted(inspection.chapters.size(), u"chapter"_s));
 }
 
 void AppModel::showInspectionFailure(const std::exception_ptr &error)

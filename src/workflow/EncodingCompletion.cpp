@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/EncodingCompletion.h"
 
+#include "support/Text.h"
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
 
 QString EncodingCompletion::summary() const
 {
-    return fileCount == 1 ? u"Encoded 1 track"_s : u"Encoded %1 tracks"_s.arg(fileCount);
+    return u"Encoded "_s + counted(fileCount, u"track"_s);
 }
 
 } // namespace tonearm

@@ -66,6 +66,13 @@ TEST(Text, FoldsNoMarkThatTellsWordsApart)
     EXPECT_EQ(folded(u"é か\u3099 é"_s), u"e か\u3099 e"_s);
 }
 
+TEST(Text, CountsInWords)
+{
+    EXPECT_EQ(counted(0, u"track"_s), u"0 tracks"_s);
+    EXPECT_EQ(counted(1, u"track"_s), u"1 track"_s);
+    EXPECT_EQ(counted(12, u"release"_s), u"12 releases"_s);
+}
+
 TEST(Text, DropsEveryNull)
 {
     EXPECT_EQ(withoutNull(QString::fromUtf16(u"\0a\0\0b\0", 6)), u"ab"_s);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/records/ReleaseInfo.h"
 
+#include "support/Text.h"
+
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
@@ -20,7 +22,7 @@ std::optional<QString> ReleaseInfo::trackCountText() const
     const std::optional<qint64> count = tracks.isEmpty() ? trackCount : tracks.size();
     if (!count)
         return std::nullopt;
-    return *count == 1 ? u"1 track"_s : u"%1 tracks"_s.arg(*count);
+    return counted(*count, u"track"_s);
 }
 
 QString ReleaseInfo::displayName() const

@@ -2,6 +2,7 @@
 #include "app/screens/mainwindow/EncodingTexts.h"
 
 #include "support/PathText.h"
+#include "support/Text.h"
 #include "workflow/AppModel.h"
 
 namespace tonearm {
@@ -49,9 +50,6 @@ VerificationSummary verificationSummary(const AppModel &model)
         verified += *track == RipVerification::verified ? 1 : 0;
         secure += *track == RipVerification::secure ? 1 : 0;
     }
-    const auto counted = [](qsizetype count) {
-        return count == 1 ? u"1 track"_s : u"%1 tracks"_s.arg(count);
-    };
     if (!differing.isEmpty()) {
         const QString noun = differing.size() == 1 ? u"Track "_s : u"Tracks "_s;
         return {noun + differing.join(u", "_s) +
@@ -59,21 +57,18 @@ VerificationSummary verificationSummary(const AppModel &model)
                 IconName::warning};
     }
     if (verified > 0)
-        return {counted(verified) + u" verified by re-reading the disc."_s, IconName::seal};
+        return {counted(verified, u"track"_s) + u" verified by re-reading the disc."_s, IconName::seal};
     if (secure > 0)
-        return {counted(secure) + u" read with error correction."_s, IconName::shield};
+        return {counted(secure, u"track"_s) + u" read with error correction."_s, IconName::shield};
     return {};
 }
 
 QString chapterHeading(qsizetype chapterCount, bool isDisc)
 {
     const QString heading = isDisc ? u"Tracks & Song Titles"_s : u"Chapters & Song Titles"_s;
-    const QString noun = isDisc ? u"track"_s : u"chapter"_s;
     if (chapterCount == 0)
         return heading;
-    if (chapterCount == 1)
-        return heading + u" — 1 "_s + noun;
-    return heading + u" — %1 %2s"_s.arg(QString::number(chapterCount), noun);
+    return heading + u" — "_s + counted(chapterCount, isDisc ? u"track"_s : u"chapter"_s);
 }
 
 } // namespace tonearm
