@@ -3,6 +3,7 @@
 
 #include "support/Background.h"
 #include "tageditor/RemovingOnFailure.h"
+#include "tools/ImageSeries.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -44,8 +45,7 @@ QCoro::Task<> runWithLink(TagTools tools, Rewrite rewrite, std::stop_token stop)
 
 QCoro::Task<> runRewrite(TagTools tools, Rewrite rewrite, std::stop_token stop)
 {
-    // ffmpeg takes a name with "%d" in it for a numbered series of images.
-    if (rewrite.image.contains(u'%'))
+    if (mayReadAsSeries(rewrite.image))
         return runWithLink(std::move(tools), std::move(rewrite), std::move(stop));
     return runFFmpeg(std::move(tools), rewriteArguments(rewrite), std::move(stop));
 }

@@ -2,9 +2,9 @@
 #include "workflow/JobCoverArt.h"
 
 #include "support/PathText.h"
+#include "tools/ImageSeries.h"
 
 #include <QFile>
-#include <QRegularExpression>
 
 #include <cerrno>
 #include <system_error>
@@ -13,12 +13,6 @@
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
-
-bool readsAsSeries(const QUrl &url)
-{
-    static const QRegularExpression number(u"%[0-9]*d"_s);
-    return url.toLocalFile().contains(number);
-}
 
 JobCoverArt::JobCoverArt(std::shared_ptr<ArtworkFolder> folder)
     : m_folder(std::move(folder))
@@ -33,7 +27,7 @@ JobCoverArt::~JobCoverArt()
 
 QUrl JobCoverArt::withUsableName(const QUrl &cover)
 {
-    if (!readsAsSeries(cover))
+    if (!mayReadAsSeries(cover.toLocalFile()))
         return cover;
     QFile file(cover.toLocalFile());
     if (!file.open(QFile::ReadOnly)) {

@@ -10,9 +10,6 @@
 
 namespace tonearm {
 
-/// Whether ffmpeg would take a picture's path for the pattern of a numbered series, as "a%d.png".
-bool readsAsSeries(const QUrl &url);
-
 /// The cover under a name that ffmpeg takes as it is, for as long as this object lives.
 class JobCoverArt
 {

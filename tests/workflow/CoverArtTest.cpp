@@ -346,6 +346,17 @@ TEST_F(CoverArt, GoesIntoEveryTrackAndIsNamedInTheLog)
     EXPECT_TRUE(m_fixture.temporaryArtwork().isEmpty());
 }
 
+TEST_F(CoverArt, GoesIntoATrackUnderANameWithAWildcard)
+{
+    use(picture(u"%?.png"_s, 60, "PNG"));
+    m_fixture.prepareJob(plainSource());
+    m_fixture.runJob();
+    ASSERT_EQ(m_model.encodedFiles.value().size(), 2);
+    const QByteArray blocks = outputOf(u"metaflac"_s, {u"--list"_s, u"--block-type=PICTURE"_s,
+                                                       m_model.encodedFiles.value().first().toLocalFile()});
+    EXPECT_TRUE(blocks.contains("type: 3 (Cover (front))")) << blocks.toStdString();
+}
+
 TEST_F(CoverArt, IsTheLaterOfTwoFiles)
 {
     const QUrl large = picture(u"large.png"_s, 900, "PNG");
