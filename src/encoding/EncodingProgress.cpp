@@ -3,6 +3,8 @@
 
 namespace tonearm {
 
+using namespace Qt::StringLiterals;
+
 EncodingProgress EncodingProgress::within(qint64 index, qint64 count, const QString &title, double fraction)
 {
     return {
@@ -11,6 +13,11 @@ EncodingProgress EncodingProgress::within(qint64 index, qint64 count, const QStr
         .title = title,
         .overallFraction = (fraction + static_cast<double>(index)) / static_cast<double>(count),
     };
+}
+
+QString EncodingProgress::message() const
+{
+    return u"Encoding %1 of %2: %3"_s.arg(QString::number(trackNumber), QString::number(totalTracks), title);
 }
 
 } // namespace tonearm

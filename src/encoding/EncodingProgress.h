@@ -18,6 +18,9 @@ struct EncodingProgress
     /// The job's progress when `fraction` of the track at `index`, from 0, of `count` is done.
     static EncodingProgress within(qint64 index, qint64 count, const QString &title, double fraction);
 
+    /// "Encoding 3 of 12: So What".
+    QString message() const;
+
     bool operator==(const EncodingProgress &) const = default;
 };
 

@@ -55,7 +55,7 @@
 namespace tonearm {
 
 class JobCoverArt;
-struct DiscTrackReading;
+struct DiscTrackJob;
 struct EncodingJob;
 
 /// The main window's model: everything the window shows, the long-running tasks, and what may happen
@@ -341,23 +341,21 @@ private:
     void prepareDiscJob(EncodingJob &job);
     QCoro::Task<> runJob(std::shared_ptr<EncodingJob> job, std::stop_token stop);
     QCoro::Task<std::shared_ptr<JobCoverArt>> prepareJob(std::shared_ptr<EncodingJob> job);
-    QCoro::Task<> encodeChapters(std::shared_ptr<EncodingJob> job, std::stop_token stop);
     QCoro::Task<> writeLog(std::shared_ptr<EncodingJob> job, std::exception_ptr error, bool wasCancelled);
     void followLog();
-    void publish(const EncodingProgress &progress);
+    std::function<void(double)> posted(std::function<void(double)> show);
     void completeJob(const EncodingJob &job);
     void showCancelledJob(const EncodingJob &job);
     void showFailedJob(const EncodingJob &job, const std::exception_ptr &error);
 
+    QCoro::Task<> encodeChapters(std::shared_ptr<EncodingJob> job, std::stop_token stop);
+    void publish(const EncodingProgress &progress);
+
     QCoro::Task<> ripTracks(std::shared_ptr<EncodingJob> job, std::stop_token stop);
     QCoro::Task<> ripTrack(std::shared_ptr<EncodingJob> job, qsizetype index, std::stop_token stop);
-    QCoro::Task<> readTrack(std::shared_ptr<EncodingJob> job, qsizetype index, DiscTrackReading *reading,
-                            EncodingLog::Entry *entry, std::stop_token stop);
-    QCoro::Task<> verifyTrack(std::shared_ptr<EncodingJob> job, qsizetype index, DiscTrackReading *reading,
-                              EncodingLog::Entry *entry, std::stop_token stop);
-    QCoro::Task<> encodeRippedTrack(std::shared_ptr<EncodingJob> job, qsizetype index, QUrl ripped,
-                                    EncodingLog::Entry *entry, std::stop_token stop);
-    std::function<void(double)> posted(std::function<double(double)> overallFraction);
+    QCoro::Task<> readTrack(DiscTrackJob *work, std::stop_token stop);
+    QCoro::Task<> verifyTrack(DiscTrackJob *work, std::stop_token stop);
+    QCoro::Task<> encodeRippedTrack(DiscTrackJob *work, std::stop_token stop);
 
     void showDiscs(const QList<DiscInfo> &discs);
     void loseDisc();

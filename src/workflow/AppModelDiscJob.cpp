@@ -5,14 +5,11 @@
 #include "disc/DiscError.h"
 #include "support/Background.h"
 #include "support/Cancellation.h"
-#include "workflow/DiscJobProgress.h"
 #include "workflow/EncodingJob.h"
 
 #include <QFile>
-#include <QMetaObject>
 
 #include <chrono>
-#include <utility>
 
 namespace tonearm {
 
@@ -21,11 +18,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-QString positionText(qsizetype index, qsizetype count)
-{
-    return u"%1 of %2"_s.arg(index + 1).arg(count);
-}
 
 QString fallbackNote(const DiscTrack &track, const std::exception_ptr &failure)
 {
@@ -50,103 +42,91 @@ QCoro::Task<> AppModel::ripTracks(std::shared_ptr<EncodingJob> job, std::stop_to
 QCoro::Task<> AppModel::ripTrack(std::shared_ptr<EncodingJob> job, qsizetype index, std::stop_token stop)
 {
     const ChapterInfo chapter = job->chapters[index];
-    EncodingLog::Entry entry;
-    entry.number = index + 1;
-    entry.title = chapter.mappedTitle;
-    DiscTrackReading reading{trackOfChapter(*job->disc, chapter), job->reader, {}};
-    co_await readTrack(job, index, &reading, &entry, stop);
+    DiscTrackJob work;
+    work.job = job;
+    work.index = index;
+    work.track = trackOfChapter(*job->disc, chapter);
+    work.reader = job->reader;
+    work.entry.number = index + 1;
+    work.entry.title = chapter.mappedTitle;
+    co_await readTrack(&work, stop);
     if (job->isVerifying)
-        co_await verifyTrack(job, index, &reading, &entry, stop);
+        co_await verifyTrack(&work, stop);
     else
-        entry.verification = reading.result.assurance;
-    if (*entry.verification != RipVerification::unverified) {
+        work.entry.verification = work.ripped.assurance;
+    if (*work.entry.verification != RipVerification::unverified) {
         QMap<qint64, RipVerification> verifications = trackVerifications.value();
-        verifications.insert(chapter.id, *entry.verification);
+        verifications.insert(chapter.id, *work.entry.verification);
         trackVerifications = verifications;
     }
-    co_await encodeRippedTrack(job, index, reading.result.url, &entry, stop);
+    co_await encodeRippedTrack(&work, stop);
 }
 
 // A secure reading that fails is made up for by an ordinary one, for this track alone.
-QCoro::Task<> AppModel::readTrack(std::shared_ptr<EncodingJob> job, qsizetype index,
-                                  DiscTrackReading *reading, EncodingLog::Entry *entry, std::stop_token stop)
+QCoro::Task<> AppModel::readTrack(DiscTrackJob *work, std::stop_token stop)
 {
-    progressMessage = u"Reading track %1: %2"_s.arg(positionText(index, job->chapters.size()), entry->title);
+    progressMessage = u"Reading track %1: %2"_s.arg(work->positionText(), work->entry.title);
     const Clock::time_point start = Clock::now();
-    const DiscJobProgress progress(index, job->chapters.size(), job->isVerifying);
-    const TrackRipping::Progress onProgress =
-        posted([progress](double fraction) { return progress.reading(fraction); });
+    const TrackRipping::Progress onProgress = posted([this, progress = work->progress()](double fraction) {
+        encodingProgress = progress.reading(fraction);
+    });
+    const DiscInfo disc = *work->job->disc;
     std::exception_ptr failure;
     try {
-        reading->result = co_await reading->reader->rip(reading->track, *job->disc, onProgress, stop);
+        work->ripped = co_await work->reader->rip(work->track, disc, onProgress, stop);
     } catch (const DiscError &) {
-        if (!job->isSecure)
+        if (!work->job->isSecure)
             throw;
         failure = std::current_exception();
     }
     if (failure) {
         throwIfCancelled(stop);
-        progressMessage = u"Re-reading track %1 the ordinary way…"_s.arg(index + 1);
-        reading->reader = &m_services.discRipper;
-        reading->result = co_await reading->reader->rip(reading->track, *job->disc, onProgress, stop);
-        entry->error = fallbackNote(reading->track, failure);
+        progressMessage = u"Re-reading track %1 the ordinary way…"_s.arg(work->index + 1);
+        work->reader = &m_services.discRipper;
+        work->ripped = co_await work->reader->rip(work->track, disc, onProgress, stop);
+        work->entry.error = fallbackNote(work->track, failure);
     }
-    entry->readDuration = Clock::now() - start;
+    work->entry.readDuration = Clock::now() - start;
 }
 
 // Two readings that differ don't stop the job; the first goes on.
-QCoro::Task<> AppModel::verifyTrack(std::shared_ptr<EncodingJob> job, qsizetype index,
-                                    DiscTrackReading *reading, EncodingLog::Entry *entry,
-                                    std::stop_token stop)
+QCoro::Task<> AppModel::verifyTrack(DiscTrackJob *work, std::stop_token stop)
 {
     throwIfCancelled(stop);
-    progressMessage =
-        u"Verifying track %1: %2"_s.arg(positionText(index, job->chapters.size()), entry->title);
+    progressMessage = u"Verifying track %1: %2"_s.arg(work->positionText(), work->entry.title);
     const Clock::time_point start = Clock::now();
-    const DiscJobProgress progress(index, job->chapters.size(), job->isVerifying);
-    const TrackRipping::Progress onProgress =
-        posted([progress](double fraction) { return progress.verifying(fraction); });
-    const bool isSame = co_await reading->reader->verify(reading->track, *job->disc, reading->result.checksum,
-                                                         onProgress, stop);
-    entry->verifyDuration = Clock::now() - start;
-    entry->verification =
-        combined(isSame ? RipVerification::verified : RipVerification::mismatched, reading->result.assurance);
+    const TrackRipping::Progress onProgress = posted([this, progress = work->progress()](double fraction) {
+        encodingProgress = progress.verifying(fraction);
+    });
+    const bool isSame =
+        co_await work->reader->verify(work->track, *work->job->disc, work->ripped.checksum, onProgress, stop);
+    work->entry.verifyDuration = Clock::now() - start;
+    work->entry.verification =
+        combined(isSame ? RipVerification::verified : RipVerification::mismatched, work->ripped.assurance);
 }
 
-QCoro::Task<> AppModel::encodeRippedTrack(std::shared_ptr<EncodingJob> job, qsizetype index, QUrl ripped,
-                                          EncodingLog::Entry *entry, std::stop_token stop)
+QCoro::Task<> AppModel::encodeRippedTrack(DiscTrackJob *work, std::stop_token stop)
 {
-    progressMessage = u"Encoding %1: %2"_s.arg(positionText(index, job->chapters.size()), entry->title);
+    EncodingJob &job = *work->job;
+    EncodingLog::Entry &entry = work->entry;
+    const qsizetype index = work->index;
+    progressMessage = EncodingProgress::within(index, job.chapters.size(), entry.title, 0).message();
     const Clock::time_point start = Clock::now();
-    TrackEncoding track = trackOf(*job, index, m_services.encoder.outputFilename(entry->title, index + 1));
-    track.source = ripped;
+    TrackEncoding track = trackOf(job, index, m_services.encoder.outputFilename(entry.title, index + 1));
+    track.source = work->ripped.url;
     track.wholeFile = true;
-    const DiscJobProgress progress(index, job->chapters.size(), job->isVerifying);
+    const DiscJobProgress progress = work->progress();
     const ProgressReporter::Callback onProgress =
-        posted([progress](double fraction) { return progress.encoding(fraction); });
+        posted([this, progress](double fraction) { encodingProgress = progress.encoding(fraction); });
     co_await m_services.encoder.encode(track, onProgress, stop);
 
     encodingProgress = progress.encoding(1);
-    job->outputs.append(track.output);
-    entry->encodeDuration = Clock::now() - start;
-    entry->outputFilename = track.output.fileName();
-    job->log.entries.append(*entry);
-    const auto removal = [ripped] { return QFile::remove(ripped.toLocalFile()); };
+    job.outputs.append(track.output);
+    entry.encodeDuration = Clock::now() - start;
+    entry.outputFilename = track.output.fileName();
+    job.log.entries.append(entry);
+    const auto removal = [ripped = track.source] { return QFile::remove(ripped.toLocalFile()); };
     co_await inBackground(removal);
-}
-
-// A callback for other threads that has the main thread show how far the job is.
-std::function<void(double)> AppModel::posted(std::function<double(double)> overallFraction)
-{
-    return [this, overallFraction = std::move(overallFraction)](double fraction) {
-        const double overall = overallFraction(fraction);
-        const auto show = [this, overall] {
-            // What arrives after the job's end is dropped.
-            if (encodingTask.value())
-                encodingProgress = overall;
-        };
-        QMetaObject::invokeMethod(&m_context, show, Qt::QueuedConnection);
-    };
 }
 
 } // namespace tonearm

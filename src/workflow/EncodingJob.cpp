@@ -7,6 +7,8 @@
 
 namespace tonearm {
 
+using namespace Qt::StringLiterals;
+
 TrackEncoding trackOf(const EncodingJob &job, qsizetype index, const QString &filename)
 {
     TrackEncoding track;
@@ -17,6 +19,16 @@ TrackEncoding trackOf(const EncodingJob &job, qsizetype index, const QString &fi
     track.number = index + 1;
     track.total = job.chapters.size();
     return track;
+}
+
+QString DiscTrackJob::positionText() const
+{
+    return u"%1 of %2"_s.arg(index + 1).arg(job->chapters.size());
+}
+
+DiscJobProgress DiscTrackJob::progress() const
+{
+    return {index, job->chapters.size(), job->isVerifying};
 }
 
 DiscTrack trackOfChapter(const DiscInfo &disc, const ChapterInfo &chapter)

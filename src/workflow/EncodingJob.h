@@ -5,12 +5,14 @@
 #include "disc/TrackRipping.h"
 #include "encoding/EncodingLog.h"
 #include "encoding/FFmpegArguments.h"
+#include "workflow/DiscJobProgress.h"
 #include "workflow/records/AudioMetadata.h"
 #include "workflow/records/ChapterInfo.h"
 
 #include <QList>
 #include <QUrl>
 
+#include <memory>
 #include <optional>
 
 namespace tonearm {
@@ -35,12 +37,22 @@ struct EncodingJob
     QList<QUrl> outputs;
 };
 
-/// How one track of a disc is being read.
-struct DiscTrackReading
+/// One track of a disc on its way through a job.
+struct DiscTrackJob
 {
+    std::shared_ptr<EncodingJob> job;
+    /// The track's place in the job.
+    qsizetype index = 0;
     DiscTrack track;
+    /// The job's reader, unless that has failed on this track.
     TrackRipping *reader = nullptr;
-    RippedTrack result;
+    RippedTrack ripped;
+    /// What the log will say of it.
+    EncodingLog::Entry entry;
+
+    /// "3 of 12".
+    QString positionText() const;
+    DiscJobProgress progress() const;
 };
 
 /// The encoding of one chapter of a job into a file of that name, cut from the job's source.
