@@ -53,8 +53,7 @@ QCoro::Task<> ParanoiaRead::runWatched(TrackRipping::Progress onProgress, std::s
     std::stop_source run;
     const std::stop_callback onStop(stop, [&run] { run.request_stop(); });
     std::stop_source watching;
-    const QCoro::Task<> monitoring = monitor(onProgress, watching.get_token());
-    const QCoro::Task<> ending = endIfStalled(run, watching.get_token());
+    const QCoro::Task<> monitoring = monitor(onProgress, run, watching.get_token());
 
     const ProcessRunner::LineCallback onStderrLine = [this](const QString &line) { m_output.append(line); };
     std::exception_ptr failure;
@@ -65,12 +64,12 @@ QCoro::Task<> ParanoiaRead::runWatched(TrackRipping::Progress onProgress, std::s
     }
     watching.request_stop();
     co_await monitoring;
-    co_await ending;
     if (failure)
         std::rethrow_exception(failure);
 }
 
-QCoro::Task<> ParanoiaRead::monitor(TrackRipping::Progress onProgress, std::stop_token stop)
+QCoro::Task<> ParanoiaRead::monitor(TrackRipping::Progress onProgress, std::stop_source run,
+                                    std::stop_token stop)
 {
     constexpr double highestFraction = 0.99;
     const auto expected = static_cast<double>(m_plan.expectedBytes());
@@ -81,21 +80,12 @@ QCoro::Task<> ParanoiaRead::monitor(TrackRipping::Progress onProgress, std::stop
             const qint64 size = sizeOf(m_plan.output);
             if (growth.isStalledAt(size)) {
                 m_stallWatch.declareStalled(size);
+                run.request_stop();
                 co_return;
             }
             if (onProgress)
                 onProgress(std::min(highestFraction, static_cast<double>(size) / expected));
         }
-    } catch (const CancellationError &) { // NOLINT(bugprone-empty-catch): the run has ended
-    }
-}
-
-QCoro::Task<> ParanoiaRead::endIfStalled(std::stop_source run, std::stop_token stop)
-{
-    try {
-        while (!m_stallWatch.bytes())
-            co_await interruptibleSleep(m_plan.times.poll, stop);
-        run.request_stop();
     } catch (const CancellationError &) { // NOLINT(bugprone-empty-catch): the run has ended
     }
 }

@@ -51,8 +51,8 @@ public:
 
 private:
     QCoro::Task<> runWatched(TrackRipping::Progress onProgress, std::stop_token stop);
-    QCoro::Task<> monitor(TrackRipping::Progress onProgress, std::stop_token stop);
-    QCoro::Task<> endIfStalled(std::stop_source run, std::stop_token stop);
+    // Ends the run if it stalls.
+    QCoro::Task<> monitor(TrackRipping::Progress onProgress, std::stop_source run, std::stop_token stop);
 
     [[noreturn]] void fail(const std::exception_ptr &failure) const;
     void requireWholeOutput() const;
