@@ -6,6 +6,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -15,6 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// A prefix has so many frames more than its seconds ask for.
+constexpr qint64 furtherFrames = 1;
+
 // A drive that is well takes sixteen frames at a time.
 constexpr qint64 firstChunkSize = 16 * discFrameBytes;
 
@@ -23,7 +27,7 @@ qint64 framesFor(double seconds)
     // Longer than any disc, so that the number fits.
     constexpr double maximumSeconds = 1e6;
     const double sensible = std::isnan(seconds) ? 0 : std::clamp(seconds, 0.0, maximumSeconds);
-    return static_cast<qint64>(std::ceil(sensible * discFramesPerSecond)) + 1;
+    return static_cast<qint64>(std::ceil(sensible * discFramesPerSecond)) + furtherFrames;
 }
 
 } // namespace
@@ -64,6 +68,14 @@ QCoro::Task<QUrl> DiscRippingService::prefix(DiscTrack track, double seconds, st
         return prefixInTurn(track, framesFor(seconds), stop);
     };
     co_return co_await m_executor.run(operation);
+}
+
+double DiscRippingService::longestPrefix(const DiscTrack &track)
+{
+    // Half a frame less keeps clear of the rounding.
+    constexpr double clearance = 0.5;
+    const double frames = static_cast<double>(track.frameCount - furtherFrames) - clearance;
+    return std::max(0.0, frames / discFramesPerSecond);
 }
 
 QCoro::Task<> DiscRippingService::discardPrefixes(std::stop_token stop)

@@ -32,8 +32,11 @@ public:
     QString readerName() const override;
 
     /// A temporary file with at least so many seconds of the track's start, for as long as nobody calls
-    /// discardPrefixes(). The track has to be as long. Throws as rip() does.
+    /// discardPrefixes(). For longestPrefix() at most. Throws as rip() does.
     QCoro::Task<QUrl> prefix(DiscTrack track, double seconds, std::stop_token stop);
+
+    /// The seconds with which all of a track is read as its prefix.
+    static double longestPrefix(const DiscTrack &track);
 
     /// Deletes the files of all prefixes. Throws CancellationError only.
     QCoro::Task<> discardPrefixes(std::stop_token stop);

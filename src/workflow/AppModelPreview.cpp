@@ -53,10 +53,7 @@ QCoro::Task<> AppModel::runPreview(ChapterInfo chapter, std::stop_token stop)
 
 QCoro::Task<QUrl> AppModel::startOf(DiscTrack track, std::stop_token stop)
 {
-    // The reader takes a frame more than it is asked for, and fails if the track hasn't got that: of a
-    // short track all is read. Half a frame less keeps clear of the rounding.
-    const double fitting = (static_cast<double>(track.frameCount) - 1.5) / discFramesPerSecond;
-    const double seconds = std::clamp(fitting, 0.0, previewSeconds);
+    const double seconds = std::min(previewSeconds, DiscRippingService::longestPrefix(track));
     co_return co_await m_services.discRipper.prefix(track, seconds, stop);
 }
 
