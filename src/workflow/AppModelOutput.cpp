@@ -95,6 +95,7 @@ QString AppModel::clearButtonTitle() const
     return isDiscSource() && m_settings.ejectDiscAfterRipping() ? u"Eject"_s : u"Clear"_s;
 }
 
+// The button belongs to the summary, which therefore goes with it; clearInputs() leaves that to its callers.
 void AppModel::clearOrEject()
 {
     if (const std::optional<DiscInfo> disc = loadedDisc.value(); disc && m_settings.ejectDiscAfterRipping())

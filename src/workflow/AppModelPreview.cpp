@@ -30,7 +30,9 @@ void AppModel::togglePreview(const ChapterInfo &chapter)
 }
 
 // The handle goes without a look at whose it is: an earlier preview that ends late takes that of the one
-// after it, which then can't be stopped until it plays.
+// after it, which then can't be stopped until it plays. That is accepted: the later one ends by itself all
+// the same, and stopPreview() silences it. With a look, the end of a preview would no longer mean that
+// `previewTask` is absent.
 QCoro::Task<> AppModel::runPreview(ChapterInfo chapter, std::stop_token stop)
 {
     try {

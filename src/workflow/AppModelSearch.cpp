@@ -126,7 +126,9 @@ void AppModel::selectRelease(const std::optional<QString> &id)
         [this, summary = releases[index]](std::stop_token stop) { return loadRelease(summary, stop); });
 }
 
-// Nothing keeps a second choice from being made meanwhile; the one that comes back last counts.
+// Nothing here keeps a second choice from being made meanwhile, as the sheet takes none while
+// `loadingReleaseID` is set; of two, the one that comes back last counts. With the earlier one dropped, its
+// failure would go unheard.
 QCoro::Task<> AppModel::loadRelease(ReleaseInfo summary, std::stop_token stop)
 {
     try {

@@ -130,7 +130,7 @@ void AppModel::loadFile(const QUrl &url)
     m_tasks.start([this, url](std::stop_token stop) { return inspectSource(url, stop); });
 }
 
-// What came of the source before.
+// What came of the source before, for the next one to take its place.
 void AppModel::forgetSourcesResults()
 {
     selectedRelease = std::nullopt;
@@ -142,7 +142,9 @@ void AppModel::forgetSourcesResults()
     completion = std::nullopt;
 }
 
-// Nothing compares the file on return: of two inspections that overlap, the one that ends last wins.
+// Nothing compares the file on return: of two inspections that overlap, the one that ends last wins. That is
+// meant: each moves the state when it ends and tells the user why it failed. With a comparison, a file that
+// was replaced or cleared meanwhile would fail in silence.
 QCoro::Task<> AppModel::inspectSource(QUrl url, std::stop_token stop)
 {
     try {
@@ -171,6 +173,8 @@ void AppModel::showInspectionFailure(const std::exception_ptr &error)
     alert = AlertContent(u"Couldn't Read Chapters"_s, error);
 }
 
+// More than forgetSourcesResults() and less: a finished job's summary, its folder and its log stay, and
+// whoever clears decides about them.
 void AppModel::clearInputs()
 {
     stopPreviewAndDiscard();
