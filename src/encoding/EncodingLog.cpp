@@ -62,7 +62,7 @@ QString logDirectory(const EncodingLog &log)
     return QDir::tempPath();
 }
 
-QUrl write(const EncodingLog &log, const QString &directory)
+QUrl writeEncodingLog(const EncodingLog &log, const QString &directory)
 {
     std::error_code failure;
     std::filesystem::create_directories(QFile::encodeName(directory).toStdString(), failure);

@@ -103,6 +103,6 @@ QString logDirectory(const EncodingLog &log);
 /// is there as a whole or not at all; an older one of the same name is replaced.
 ///
 /// Throws std::system_error that names the path. Blocks.
-QUrl write(const EncodingLog &log, const QString &directory);
+QUrl writeEncodingLog(const EncodingLog &log, const QString &directory);
 
 } // namespace tonearm

@@ -80,7 +80,7 @@ QCoro::Task<> AppModel::writeLog(std::shared_ptr<EncodingJob> job, std::exceptio
     if (error)
         log.failure = describe(error).joined(u" "_s);
     try {
-        const auto writing = [log] { return write(log, logDirectory(log)); };
+        const auto writing = [log] { return writeEncodingLog(log, logDirectory(log)); };
         lastLogURL = co_await inBackground(writing);
     } catch (...) {
         // A job that went well isn't spoilt by a log that didn't.

@@ -53,7 +53,7 @@ QString directoryFor(const QString &outputFolder, const QString &destinationFold
 
 std::optional<std::system_error> writeError(const EncodingLog &log, const QString &directory)
 {
-    return test::errorOf<std::system_error>([&] { return write(log, directory); });
+    return test::errorOf<std::system_error>([&] { return writeEncodingLog(log, directory); });
 }
 
 // No file of this process grows beyond so many bytes, for the life of this object.
@@ -141,7 +141,7 @@ TEST(EncodingLogWrite, MakesTheFolderAndWritesTheText)
     const QTemporaryDir folder;
     const QString directory = folder.filePath(u"50% off/日本"_s);
     const EncodingLog log = logOf(u"Größe"_s, u"#1"_s);
-    const QUrl url = write(log, directory);
+    const QUrl url = writeEncodingLog(log, directory);
     EXPECT_EQ(url, QUrl::fromLocalFile(directory + u'/' + log.fileName()));
     EXPECT_EQ(test::readFile(url.toLocalFile()), log.text().toUtf8());
     EXPECT_EQ(test::namesIn(directory), QStringList{log.fileName()});
@@ -152,7 +152,7 @@ TEST(EncodingLogWrite, ReplacesAnOlderLog)
     const QTemporaryDir folder;
     const EncodingLog log = logOf(u"A"_s, u"B"_s);
     test::writeFile(folder.filePath(log.fileName()), QByteArray(100000, 'x'));
-    const QUrl url = write(log, folder.path());
+    const QUrl url = writeEncodingLog(log, folder.path());
     EXPECT_EQ(test::readFile(url.toLocalFile()), log.text().toUtf8());
     EXPECT_EQ(test::namesIn(folder.path()), QStringList{log.fileName()});
 }
@@ -164,7 +164,7 @@ TEST(EncodingLogWrite, ReplacesALinkInsteadOfWritingThroughIt)
     const EncodingLog log = logOf(u"A"_s, u"B"_s);
     test::writeFile(elsewhere.filePath(u"precious"_s), "precious");
     ASSERT_TRUE(QFile::link(elsewhere.filePath(u"precious"_s), folder.filePath(log.fileName())));
-    const QUrl url = write(log, folder.path());
+    const QUrl url = writeEncodingLog(log, folder.path());
     EXPECT_FALSE(QFileInfo(url.toLocalFile()).isSymLink());
     EXPECT_EQ(test::readFile(url.toLocalFile()), log.text().toUtf8());
     EXPECT_EQ(test::readFile(elsewhere.filePath(u"precious"_s)), "precious");
@@ -175,7 +175,7 @@ TEST(EncodingLogWrite, TakesTheLongestName)
     const QTemporaryDir folder;
     const EncodingLog log = logOf(QString(120, u'語'), u"B"_s);
     ASSERT_GE(log.fileName().toUtf8().size(), maximumNameBytes - 2);
-    EXPECT_EQ(test::readFile(write(log, folder.path()).toLocalFile()), log.text().toUtf8());
+    EXPECT_EQ(test::readFile(writeEncodingLog(log, folder.path()).toLocalFile()), log.text().toUtf8());
 }
 
 TEST(EncodingLogWrite, FailsWhereNoFolderCanBe)
