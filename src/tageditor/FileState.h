@@ -11,16 +11,16 @@ struct FileState
     dev_t device = 0;
     ino_t inode = 0;
     off_t size = 0;
-    time_t changedSeconds = 0;
-    long changedNanoseconds = 0;
+    time_t modifiedSeconds = 0;
+    long modifiedNanoseconds = 0;
 
     static FileState of(const struct stat &found)
     {
         return {.device = found.st_dev,
                 .inode = found.st_ino,
                 .size = found.st_size,
-                .changedSeconds = found.st_mtim.tv_sec,
-                .changedNanoseconds = found.st_mtim.tv_nsec};
+                .modifiedSeconds = found.st_mtim.tv_sec,
+                .modifiedNanoseconds = found.st_mtim.tv_nsec};
     }
 
     bool operator==(const FileState &) const = default;

@@ -5,7 +5,6 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <thread>
@@ -26,19 +25,13 @@ FolderLock::FolderLock(const QString &folder, std::chrono::milliseconds patience
 {
     constexpr std::chrono::milliseconds pause(1);
     const auto end = std::chrono::steady_clock::now() + patience;
-    while (isHeldByAnother(m_descriptor)) {
+    while (isHeldByAnother(m_descriptor.number())) {
         if (std::chrono::steady_clock::now() >= end) {
             m_isRefused = true;
             return;
         }
         std::this_thread::sleep_for(pause);
     }
-}
-
-FolderLock::~FolderLock()
-{
-    if (m_descriptor >= 0)
-        ::close(m_descriptor);
 }
 
 } // namespace tonearm

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/FileDescriptor.h"
+
 #include <QString>
 
 #include <chrono>
@@ -16,16 +18,13 @@ class FolderLock
 public:
     /// Waits at most as long as the patience lasts; see `isRefused`.
     FolderLock(const QString &folder, std::chrono::milliseconds patience);
-    ~FolderLock();
-    FolderLock(const FolderLock &) = delete;
-    FolderLock &operator=(const FolderLock &) = delete;
 
     /// Whether somebody else held the lock all the while. False on a file system that knows no locks:
     /// nobody is kept out there, and nobody is held up.
     bool isRefused() const { return m_isRefused; }
 
 private:
-    int m_descriptor;
+    FileDescriptor m_descriptor;
     bool m_isRefused = false;
 };
 
