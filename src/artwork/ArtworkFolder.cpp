@@ -3,7 +3,6 @@
 
 #include "support/AtomicFile.h"
 #include "support/FileName.h"
-#include "support/PathText.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -3,7 +3,6 @@
 
 #include "artwork/BoxAverage.h"
 #include "artwork/PngFile.h"
-#include "support/PathText.h"
 
 #include <QImageReader>
 

@@ -48,9 +48,6 @@ public:
     /// leave it and ends it quietly.
     TaskHandle start(Body body);
 
-    /// Whether no task runs.
-    bool isIdle() const { return m_running->empty(); }
-
 private:
     using Running = std::list<TaskHandle>;
 

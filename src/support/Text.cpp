@@ -7,22 +7,6 @@ namespace tonearm {
 
 namespace {
 
-QString trimmedWhere(const QString &text, bool (*drops)(QChar))
-{
-    qsizetype begin = 0;
-    qsizetype end = text.size();
-    while (begin < end && drops(text[begin]))
-        ++begin;
-    while (end > begin && drops(text[end - 1]))
-        --end;
-    return text.mid(begin, end - begin);
-}
-
-bool isSpaceOrLineEnd(QChar unit)
-{
-    return unit.isSpace();
-}
-
 // Whether a mark on such a letter is an accent, which a search may pass over.
 bool takesAccents(char32_t letter)
 {
@@ -76,12 +60,18 @@ QString firstCharacters(const QString &text, qsizetype count)
 
 QString trimmed(const QString &text)
 {
-    return trimmedWhere(text, isSpaceOrLineEnd);
+    return text.trimmed();
 }
 
 QString trimmedBlanks(const QString &text)
 {
-    return trimmedWhere(text, isBlank);
+    qsizetype begin = 0;
+    qsizetype end = text.size();
+    while (begin < end && isBlank(text[begin]))
+        ++begin;
+    while (end > begin && isBlank(text[end - 1]))
+        --end;
+    return text.mid(begin, end - begin);
 }
 
 char32_t firstScalar(QStringView character)

@@ -22,7 +22,7 @@ qsizetype characterCount(QStringView text);
 /// The first `count` characters, or the whole text if it has no more.
 QString firstCharacters(const QString &text, qsizetype count);
 
-/// The text without white space and line ends at both ends.
+/// The text without white space and line ends at both ends: QString::trimmed.
 QString trimmed(const QString &text);
 
 /// The text without blanks (spaces of every width, and tabs) at both ends; line ends stay.

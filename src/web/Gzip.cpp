@@ -12,7 +12,7 @@ namespace tonearm {
 
 namespace {
 
-/// The largest window, and 16 for "with the head and the checksum of a gzip file".
+// The largest window, and 16 for "with the head and the checksum of a gzip file".
 constexpr int windowBits = MAX_WBITS + 16;
 
 constexpr qint64 pieceSize = 65'536;

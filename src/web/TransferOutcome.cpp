@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Whether the error only repeats the status, and the transfer itself ended well.
+// Whether the error only repeats the status, and the transfer itself ended well.
 bool isStatusError(const TransferOutcome &outcome)
 {
     if (outcome.status.value_or(0) < 400)

@@ -17,8 +17,8 @@ namespace {
 
 constexpr int maximumRedirects = 20;
 
-/// Whether the network would read a file or the URL itself instead of asking a server. A service's reply
-/// may name such a place; it is never opened.
+// Whether the network would read a file or the URL itself instead of asking a server. A service's reply
+// may name such a place; it is never opened.
 bool isLocal(const QUrl &url)
 {
     const QString scheme = url.scheme();
@@ -44,7 +44,7 @@ QNetworkRequest networkRequest(const QUrl &url, const WebRequest &request, std::
     return result;
 }
 
-/// Where to go on; nothing if the transfer has brought what was asked for. Throws if it failed.
+// Where to go on; nothing if the transfer has brought what was asked for. Throws if it failed.
 std::optional<QUrl> nextPlace(const QUrl &asked, const Transfer &transfer, MetadataSource source)
 {
     const TransferOutcome outcome = transfer.outcome();
