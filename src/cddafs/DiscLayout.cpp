@@ -11,7 +11,7 @@ namespace {
 
 // From one session's lead-out to the next one's first track: 90 seconds of lead-out, 60 of lead-in and
 // the pause.
-constexpr qint64 sessionGap = (90 + 60) * discFramesPerSecond + discPauseFrames;
+constexpr qint64 sessionGap = qint64{90 + 60} * discFramesPerSecond + discPauseFrames;
 
 } // namespace
 

@@ -15,8 +15,8 @@ namespace {
 QString lengthText(qint64 frames)
 {
     const qint64 counted = std::max(qint64{0}, frames);
-    const auto seconds = static_cast<double>(counted / discFramesPerSecond);
-    return minutesAndSeconds(seconds) + u'.' + padded(counted % discFramesPerSecond, 2);
+    const qint64 seconds = counted / discFramesPerSecond;
+    return minutesAndSeconds(static_cast<double>(seconds)) + u'.' + padded(counted % discFramesPerSecond, 2);
 }
 
 QStringList spanArguments(const DiscTrack &track)
