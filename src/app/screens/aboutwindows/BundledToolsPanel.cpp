@@ -4,6 +4,7 @@
 #include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/SelectablePath.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/Spinner.h"
 #include "app/screens/elements/TextStyle.h"
 #include "workflow/AppModel.h"
@@ -94,11 +95,7 @@ QWidget *BundledToolsPanel::makeFFmpeg(const QString &name)
     auto *place = new QWidget(this);
     auto *word = plainLabel({}, place);
     bind(
-        word, [this] { return ffmpegWord(m_model); },
-        [](QLabel *label, const QString &text) {
-            label->setText(text);
-            label->setVisible(!text.isEmpty());
-        });
+        word, [this] { return ffmpegWord(m_model); }, showIfAny);
     auto *detail = new SelectablePath({}, place);
     detail->setAccessibleName(name);
     bind(

@@ -3,6 +3,7 @@
 
 #include "app/screens/editortable/WrappingLayout.h"
 #include "app/screens/elements/Bind.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/Spinner.h"
 #include "app/screens/elements/TextStyle.h"
 #include "tageditor/MetadataEditorModel.h"
@@ -60,10 +61,7 @@ void EditorFooter::addText(const std::function<QString()> &text)
     label->setTextFormat(Qt::PlainText);
     applyTextStyle(label, TextStyle::smallSecondary);
     layout()->addWidget(label);
-    bind(label, text, [](QLabel *piece, const QString &words) {
-        piece->setText(words);
-        piece->setVisible(!words.isEmpty());
-    });
+    bind(label, text, showIfAny);
 }
 
 void EditorFooter::addSpinner()

@@ -4,6 +4,7 @@
 #include "app/screens/elements/ArtworkWell.h"
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/IconLabel.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/TextStyle.h"
 #include "app/screens/elements/Tooltip.h"
 #include "tageditor/ArtworkViewer.h"
@@ -82,11 +83,7 @@ QWidget *EditorArtworkColumn::makeCaption()
     caption->setWordWrap(false);
     applyTextStyle(caption, TextStyle::small);
     bind(
-        caption, [this] { return m_model.artworkCaption(); },
-        [](IconLabel *label, const std::optional<QString> &text) {
-            label->setText(text.value_or(QString()));
-            label->setVisible(text.has_value());
-        });
+        caption, [this] { return m_model.artworkCaption(); }, showIfAny);
     return caption;
 }
 

@@ -8,6 +8,7 @@
 #include "app/screens/elements/ElidedLabel.h"
 #include "app/screens/elements/IconLabel.h"
 #include "app/screens/elements/ProminentButton.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/TextStyle.h"
 #include "tageditor/MetadataEditorModel.h"
 
@@ -86,19 +87,13 @@ QWidget *SaveBar::makeProgress()
 
 void SaveBar::showState(const SaveBarState &state)
 {
-    const bool isPending = state.kind == Kind::pending;
-    m_pending->setText(isPending ? state.text : QString());
-    m_pending->setVisible(isPending);
+    showIfAny(m_pending, state.kind == Kind::pending ? state.text : QString());
 
     const bool hasFailures = state.kind == Kind::completedWithFailures;
     const bool isCompleted = hasFailures || state.kind == Kind::completed;
     m_completion->setIcon(hasFailures ? IconName::warning : IconName::success,
                           hasFailures ? Tone::warning : Tone::secondary);
-    m_completion->setText(isCompleted ? state.text : QString());
-    m_completion->setAccessibleName(m_completion->text());
-    m_completion->setVisible(isCompleted);
-    if (isCompleted)
-        announce(m_completion);
+    announceIfAny(m_completion, isCompleted ? state.text : QString());
 }
 
 void SaveBar::setSaving(bool isSaving, bool canSave)

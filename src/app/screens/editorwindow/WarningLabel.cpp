@@ -4,6 +4,7 @@
 #include "app/screens/elements/Announcement.h"
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/IconLabel.h"
+#include "app/screens/elements/ShowIfAny.h"
 
 namespace tonearm {
 
@@ -13,13 +14,7 @@ IconLabel *makeWarningLabel(TextStyle style, const std::function<std::optional<Q
     auto *label = new IconLabel(IconName::warning, Tone::warning, parent);
     makeAnnouncer(label);
     applyTextStyle(label, style, Tone::warning);
-    bind(label, warning, [](IconLabel *shown, const std::optional<QString> &text) {
-        shown->setText(text.value_or(QString()));
-        shown->setAccessibleName(shown->text());
-        shown->setVisible(text.has_value());
-        if (text)
-            announce(shown);
-    });
+    bind(label, warning, announceIfAny);
     return label;
 }
 

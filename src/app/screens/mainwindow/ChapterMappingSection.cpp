@@ -4,6 +4,7 @@
 #include "app/screens/chapters/ChapterTable.h"
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/IconLabel.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/TextStyle.h"
 #include "app/screens/mainwindow/EncodingTexts.h"
 #include "workflow/AppModel.h"
@@ -117,11 +118,7 @@ void ChapterMappingSection::addMismatchNote()
 {
     auto *note = new IconLabel(IconName::warningOutline, Tone::warning, this);
     bind(
-        note, [this] { return m_model.tracklistMismatchNote(); },
-        [](IconLabel *label, const std::optional<QString> &text) {
-            label->setText(text.value_or(QString()));
-            label->setVisible(text.has_value());
-        });
+        note, [this] { return m_model.tracklistMismatchNote(); }, showIfAny);
     content()->addWidget(note);
 }
 

@@ -4,6 +4,7 @@
 #include "app/screens/elements/ArtworkWell.h"
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/IconLabel.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/TextStyle.h"
 #include "workflow/AppModel.h"
 
@@ -29,12 +30,6 @@ ArtworkWellContent contentOf(const AppModel &model)
     if (isComing)
         return {ArtworkWellContent::Loading{}};
     return {ArtworkWellContent::Empty{u"Cover art"_s}};
-}
-
-void showIfAny(IconLabel *label, const std::optional<QString> &text)
-{
-    label->setText(text.value_or(QString()));
-    label->setVisible(text.has_value());
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/IconLabel.h"
 #include "app/screens/elements/ProminentButton.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/TextStyle.h"
 #include "app/screens/mainwindow/EncodingTexts.h"
 #include "app/screens/mainwindow/StatusLine.h"
@@ -129,10 +130,7 @@ void EncodingSection::addHint()
     applyTextStyle(hint, TextStyle::smallSecondary);
     bind(
         hint, [this] { return isRunning() || m_model.canEncode() ? QString() : encodingHint(m_model); },
-        [](QLabel *label, const QString &text) {
-            label->setText(text);
-            label->setVisible(!text.isEmpty());
-        });
+        showIfAny);
     content()->addWidget(hint);
 }
 
@@ -140,11 +138,7 @@ void EncodingSection::addSummary()
 {
     auto *summary = new IconLabel(IconName::success, Tone::success, this);
     bind(
-        summary, [this] { return encodingSummary(m_model); },
-        [](IconLabel *label, const QString &text) {
-            label->setText(text);
-            label->setVisible(!text.isEmpty());
-        });
+        summary, [this] { return encodingSummary(m_model); }, showIfAny);
     content()->addWidget(summary);
 
     auto *verification = new IconLabel(IconName::success, Tone::success, this);
@@ -152,8 +146,7 @@ void EncodingSection::addSummary()
         verification, [this] { return verificationSummary(m_model); },
         [](IconLabel *label, const VerificationSummary &shown) {
             label->setIcon(shown.icon, shown.icon == IconName::warning ? Tone::warning : Tone::success);
-            label->setText(shown.text);
-            label->setVisible(!shown.text.isEmpty());
+            showIfAny(label, shown.text);
         });
     content()->addWidget(verification);
 }

@@ -5,6 +5,7 @@
 #include "app/screens/elements/ButtonSpinner.h"
 #include "app/screens/elements/IconLabel.h"
 #include "app/screens/elements/ModelTextBox.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/mainwindow/CoverArtWell.h"
 #include "app/screens/mainwindow/GenreField.h"
 #include "app/screens/mainwindow/ReleaseLine.h"
@@ -115,11 +116,7 @@ void MetadataSearchSection::addYearWarning(QBoxLayout *column)
 {
     auto *warning = new IconLabel(IconName::warning, Tone::warning, this);
     bind(
-        warning, [this] { return m_model.yearWarning(); },
-        [](IconLabel *label, const std::optional<QString> &text) {
-            label->setText(text.value_or(QString()));
-            label->setVisible(text.has_value());
-        });
+        warning, [this] { return m_model.yearWarning(); }, showIfAny);
     column->addWidget(warning);
 }
 

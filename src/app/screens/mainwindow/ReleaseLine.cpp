@@ -4,6 +4,7 @@
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/ElidedLabel.h"
 #include "app/screens/elements/IconView.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/TextStyle.h"
 #include "workflow/AppModel.h"
 
@@ -70,8 +71,7 @@ ReleaseLine::ReleaseLine(AppModel &model, QWidget *parent)
         [disc, line, detail](ReleaseLine *shown, const ReleaseTexts &texts) {
             disc->setVisible(texts.isChosen);
             line->setText(texts.line);
-            detail->setText(texts.detail);
-            detail->setVisible(!texts.detail.isEmpty());
+            showIfAny(detail, texts.detail);
             shown->setVisible(!texts.line.isEmpty());
         });
 }

@@ -7,6 +7,7 @@
 #include "app/screens/elements/ElidedLabel.h"
 #include "app/screens/elements/IconView.h"
 #include "app/screens/elements/ProminentButton.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/TextStyle.h"
 #include "app/screens/releases/NoticeList.h"
 #include "app/screens/releases/ReleaseList.h"
@@ -84,11 +85,7 @@ void ReleaseResultsSheet::addHeader(QBoxLayout *column)
     advice->setWordWrap(true);
     applyTextStyle(advice, TextStyle::smallSecondary);
     bind(
-        advice, [this] { return releaseSheetAdvice(m_model.chapters.value().size()); },
-        [](QLabel *label, const QString &text) {
-            label->setText(text);
-            label->setVisible(!text.isEmpty());
-        });
+        advice, [this] { return releaseSheetAdvice(m_model.chapters.value().size()); }, showIfAny);
     auto *header = new QVBoxLayout;
     header->setSpacing(gapInHeader);
     header->addWidget(title);
@@ -157,11 +154,7 @@ QWidget *ReleaseResultsSheet::makePlaceholder()
     bind(
         spinner, [this] { return m_model.isLoadingReleases.value(); }, &QWidget::setVisible);
     bind(
-        text, [this] { return releaseListPlaceholder(m_model); },
-        [](QLabel *label, const QString &words) {
-            label->setText(words);
-            label->setVisible(!words.isEmpty());
-        });
+        text, [this] { return releaseListPlaceholder(m_model); }, showIfAny);
     auto *column = new QVBoxLayout(placeholder);
     column->addStretch(1);
     column->addWidget(spinner, 0, Qt::AlignHCenter);

@@ -6,6 +6,7 @@
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/IconLabel.h"
 #include "app/screens/elements/Icons.h"
+#include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/WindowFit.h"
 #include "app/screens/settingswindow/AudioCDSettings.h"
 #include "app/screens/settingswindow/FileOutputSettings.h"
@@ -62,11 +63,7 @@ QWidget *SettingsView::makeSaveFailure(AppSettings &settings)
     bind(
         note, [&settings] { return settings.saveFailure(); },
         [](IconLabel *label, const std::optional<ErrorWords> &failure) {
-            label->setText(failure ? failure->joined(u" "_s) : QString());
-            label->setAccessibleName(label->text());
-            label->setVisible(failure.has_value());
-            if (failure)
-                announce(label);
+            announceIfAny(label, failure ? failure->joined(u" "_s) : QString());
         });
     return note;
 }
