@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/editorwindow/FolderBar.h"
 
-#include "app/screens/editorwindow/ProgressBar.h"
 #include "app/screens/elements/Bind.h"
+#include "app/screens/elements/ProgressBar.h"
 #include "app/screens/elements/SelectablePath.h"
 #include "app/screens/elements/TextStyle.h"
 #include "support/PathText.h"
@@ -52,7 +52,8 @@ QWidget *FolderBar::makeProgress()
 {
     auto *progress = new QWidget(this);
     auto *bar = makeProgressBar(
-        barWidth, u"Reading progress"_s, [this] { return m_model.loadProgress.value(); }, progress);
+        u"Reading progress"_s, [this] { return m_model.loadProgress.value(); }, progress);
+    bar->setFixedWidth(barWidth);
     auto *stop = new QPushButton(u"Stop"_s, progress);
     connect(stop, &QPushButton::clicked, this, [this] { m_model.stopLoading(); });
     auto *row = new QHBoxLayout(progress);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/editorwindow/SaveBar.h"
 
-#include "app/screens/editorwindow/ProgressBar.h"
 #include "app/screens/editorwindow/SaveBarState.h"
 #include "app/screens/elements/Announcement.h"
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/ElidedLabel.h"
 #include "app/screens/elements/IconLabel.h"
+#include "app/screens/elements/ProgressBar.h"
 #include "app/screens/elements/ProminentButton.h"
 #include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/TextStyle.h"
@@ -68,7 +68,8 @@ QWidget *SaveBar::makeProgress()
 {
     auto *progress = new QWidget(this);
     auto *bar = makeProgressBar(
-        barWidth, u"Saving progress"_s, [this] { return m_model.saveProgress.value(); }, progress);
+        u"Saving progress"_s, [this] { return m_model.saveProgress.value(); }, progress);
+    bar->setFixedWidth(barWidth);
     auto *status = new ElidedLabel(Qt::ElideMiddle, progress);
     applyTextStyle(status, TextStyle::calloutSecondary);
     bind(

@@ -3,6 +3,7 @@
 
 #include "app/screens/elements/Bind.h"
 #include "app/screens/elements/IconLabel.h"
+#include "app/screens/elements/ProgressBar.h"
 #include "app/screens/elements/ProminentButton.h"
 #include "app/screens/elements/ShowIfAny.h"
 #include "app/screens/elements/TextStyle.h"
@@ -12,20 +13,12 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QProgressBar>
 
 #include <utility>
 
 namespace tonearm {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// Finer than a pixel of the bar on any screen.
-constexpr int progressSteps = 10000;
-
-} // namespace
 
 EncodingSection::EncodingSection(AppModel &model, QWidget *parent)
     : SectionBox(4, u"Encode"_s, parent)
@@ -112,13 +105,8 @@ QPushButton *EncodingSection::makeClearButton()
 
 void EncodingSection::addProgressBar()
 {
-    auto *bar = new QProgressBar(this);
-    bar->setRange(0, progressSteps);
-    bar->setTextVisible(false);
-    bar->setAccessibleName(u"Encoding progress"_s);
-    bind(
-        bar, [this] { return qRound(m_model.encodingProgress.value() * progressSteps); },
-        &QProgressBar::setValue);
+    auto *bar = makeProgressBar(
+        u"Encoding progress"_s, [this] { return m_model.encodingProgress.value(); }, this);
     bind(
         bar, [this] { return isRunning(); }, &QWidget::setVisible);
     content()->addWidget(bar);

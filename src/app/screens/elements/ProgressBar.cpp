@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/screens/editorwindow/ProgressBar.h"
+#include "app/screens/elements/ProgressBar.h"
 
 #include "app/screens/elements/Bind.h"
 
 namespace tonearm {
 
-QProgressBar *makeProgressBar(int width, const QString &accessibleName, const std::function<double()> &share,
+QProgressBar *makeProgressBar(const QString &accessibleName, const std::function<double()> &share,
                               QWidget *parent)
 {
     // Finer than a pixel of the bar on any screen.
-    constexpr int steps = 1000;
+    constexpr int steps = 10000;
     auto *bar = new QProgressBar(parent);
-    bar->setFixedWidth(width);
     bar->setRange(0, steps);
     bar->setTextVisible(false);
     bar->setAccessibleName(accessibleName);

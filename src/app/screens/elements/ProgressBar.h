@@ -2,13 +2,14 @@
 #pragma once
 
 #include <QProgressBar>
+#include <QString>
 
 #include <functional>
 
 namespace tonearm {
 
-/// A bar of a fixed width that follows a share from 0 to 1, which has to be bindable.
-QProgressBar *makeProgressBar(int width, const QString &accessibleName, const std::function<double()> &share,
+/// A bar that follows a share from 0 to 1, which has to be bindable.
+QProgressBar *makeProgressBar(const QString &accessibleName, const std::function<double()> &share,
                               QWidget *parent);
 
 } // namespace tonearm
