@@ -63,15 +63,4 @@ TEST_F(WindowFitTest, IsWiderWhereItsContentMustBe)
     EXPECT_GE(window.width(), button->geometry().right());
 }
 
-TEST_F(WindowFitTest, ClosesByItsKeys)
-{
-    addCloseKeys(&window);
-    button->setFocus();
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(window.isVisible());
-    ASSERT_TRUE(showActive(window));
-    press(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_FALSE(window.isVisible());
-}
-
 } // namespace tonearm

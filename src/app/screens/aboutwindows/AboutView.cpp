@@ -5,6 +5,7 @@
 #include "app/screens/aboutwindows/LinkButton.h"
 #include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/AppIcon.h"
+#include "app/screens/elements/CloseKeys.h"
 #include "app/screens/elements/GroupPanel.h"
 #include "app/screens/elements/TextStyle.h"
 #include "app/screens/elements/WindowFit.h"

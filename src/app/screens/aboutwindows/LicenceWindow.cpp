@@ -2,9 +2,9 @@
 #include "app/screens/aboutwindows/LicenceWindow.h"
 
 #include "app/screens/elements/AccessibleRole.h"
+#include "app/screens/elements/CloseKeys.h"
 #include "app/screens/elements/PlaceholderScreen.h"
 #include "app/screens/elements/TextStyle.h"
-#include "app/screens/elements/WindowFit.h"
 #include "support/Background.h"
 #include "support/Cancellation.h"
 

@@ -4,6 +4,7 @@
 #include "app/screens/editorwindow/EditorQuestions.h"
 #include "app/screens/editorwindow/MetadataEditorView.h"
 #include "app/screens/elements/AccessibleRole.h"
+#include "app/screens/elements/CloseKeys.h"
 #include "tageditor/MetadataEditorModel.h"
 
 #include <QCloseEvent>
@@ -38,8 +39,7 @@ MetadataEditorWindow::MetadataEditorWindow(MetadataEditorModel &model, const Gen
     column->addWidget(view);
     showQuestions(this, model);
 
-    for (const QKeySequence &keys : {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::Key_Escape)})
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, &QWidget::close);
+    addCloseKeys(this);
     connect(new QShortcut(Qt::CTRL | Qt::Key_S, this), &QShortcut::activated, this,
             [&model] { model.save(); });
 }

@@ -2,9 +2,9 @@
 #include "app/screens/elements/ArtworkWindow.h"
 
 #include "app/screens/elements/AccessibleRole.h"
+#include "app/screens/elements/CloseKeys.h"
 #include "app/screens/elements/Divider.h"
 #include "app/screens/elements/PlaceholderScreen.h"
-#include "app/screens/elements/WindowFit.h"
 
 #include <QKeyEvent>
 #include <QLabel>

@@ -3,7 +3,6 @@
 
 #include <QEvent>
 #include <QLayout>
-#include <QShortcut>
 #include <QWidget>
 
 #include <algorithm>
@@ -52,12 +51,6 @@ void keepFitted(QWidget *window, int width)
     // Else the layout would set the window's smallest size itself, by what it needs unwrapped.
     window->layout()->setSizeConstraint(QLayout::SetNoConstraint);
     new Fitter(window, width);
-}
-
-void addCloseKeys(QWidget *window)
-{
-    for (const QKeySequence &keys : {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::Key_Escape)})
-        QObject::connect(new QShortcut(keys, window), &QShortcut::activated, window, &QWidget::close);
 }
 
 } // namespace tonearm

@@ -10,7 +10,4 @@ namespace tonearm {
 /// wrapped texts then are. To be called once, when the window has its layout.
 void keepFitted(QWidget *window, int width);
 
-/// Closes a window by Ctrl+W and Escape.
-void addCloseKeys(QWidget *window);
-
 } // namespace tonearm

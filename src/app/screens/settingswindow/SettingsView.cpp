@@ -4,6 +4,7 @@
 #include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/Announcement.h"
 #include "app/screens/elements/Bind.h"
+#include "app/screens/elements/CloseKeys.h"
 #include "app/screens/elements/IconLabel.h"
 #include "app/screens/elements/Icons.h"
 #include "app/screens/elements/ShowIfAny.h"
