@@ -20,10 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int wellSide = 104;
-constexpr int columnWidth = 220;
-constexpr int gap = 6;
-
 ArtworkWellContent contentOf(const EditorArtworkState &state)
 {
     switch (state.kind) {
@@ -55,10 +51,10 @@ EditorArtworkColumn::EditorArtworkColumn(MetadataEditorModel &model, ArtworkView
     , m_model(model)
     , m_viewer(viewer)
 {
-    setFixedWidth(columnWidth);
+    setFixedWidth(ArtworkColumn::width);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(gap);
+    column->setSpacing(ArtworkColumn::gap);
     column->addWidget(makeWell(), 0, Qt::AlignHCenter);
     column->addWidget(makeCaption(), 0, Qt::AlignHCenter);
     column->addWidget(makeToggle(), 0, Qt::AlignHCenter);
@@ -68,7 +64,7 @@ EditorArtworkColumn::EditorArtworkColumn(MetadataEditorModel &model, ArtworkView
 QWidget *EditorArtworkColumn::makeWell()
 {
     auto *well = new ArtworkWell(
-        wellSide, [this](const QUrl &url) { return m_model.acceptImage(url); },
+        ArtworkColumn::wellSide, [this](const QUrl &url) { return m_model.acceptImage(url); },
         [this](QMenu &menu) { fillMenu(menu); }, this);
     well->setToolTip(plainTooltip(
         u"Drag a JPEG or PNG here, or right-click to choose, view or remove the artwork of the selected files"_s));

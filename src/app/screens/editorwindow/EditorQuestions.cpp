@@ -37,11 +37,6 @@ QuestionWords discardWords()
         u"Discard Changes"_s, u"Keep Editing"_s};
 }
 
-QuestionWords alertWords(const AlertContent &alert)
-{
-    return {alert.title, alert.message, u"OK"_s};
-}
-
 std::optional<QList<RefusedSave>> refusedSaves(const MetadataEditorModel &model)
 {
     const QList<RefusedSave> refused = model.refusedSaves.value();
@@ -83,7 +78,7 @@ void showQuestions(QWidget *window, MetadataEditorModel &model)
                                          [&model] { model.confirmFolderChange(); });
     askAboutRefusedFiles(window, model);
     askBeforeClosing(window, model);
-    askWhilePending<AlertContent>(window, model.alert, alertWords, [&model] { model.alert = std::nullopt; });
+    showAlerts(window, model.alert);
 }
 
 } // namespace tonearm

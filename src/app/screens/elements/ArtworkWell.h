@@ -49,6 +49,14 @@ struct ArtworkWellContent
     bool operator==(const ArtworkWellContent &) const = default;
 };
 
+/// The column that a window keeps for its well, with room for lines under it.
+struct ArtworkColumn
+{
+    static constexpr int wellSide = 104;
+    static constexpr int width = 220;
+    static constexpr int gap = 6;
+};
+
 /// A square well that shows a picture, takes one that is dropped on it, and has a menu: by a right click,
 /// or by keyboard with the menu key, Return or Space.
 class ArtworkWell : public FileDropArea

@@ -66,4 +66,16 @@ void askWhilePending(QWidget *window, QProperty<std::optional<Pending>> &field,
         window, [&field] { return field.value(); }, std::move(words), answered);
 }
 
+/// Keeps a dialog open that only informs, for as long as an alert, which is anything with a title and a
+/// message, stands in a model's field. Closing it sets the field to absent.
+template <typename Alert> void showAlerts(QWidget *window, QProperty<std::optional<Alert>> &field)
+{
+    askWhilePresent(
+        window, [&field] { return field.value(); },
+        [](const Alert &alert) {
+            return QuestionWords{alert.title, alert.message, QStringLiteral("OK")};
+        },
+        [&field](bool) { field = std::nullopt; });
+}
+
 } // namespace tonearm

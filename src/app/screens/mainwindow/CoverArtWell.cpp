@@ -17,11 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int wellSide = 104;
-// Room for the lines under the well.
-constexpr int columnWidth = 220;
-constexpr int gap = 6;
-
 ArtworkWellContent contentOf(const AppModel &model)
 {
     const bool isComing = model.isFetchingArtwork.value() || model.isPreparingCoverArt.value();
@@ -38,10 +33,10 @@ CoverArtWell::CoverArtWell(AppModel &model, QWidget *parent)
     : QWidget(parent)
     , m_model(model)
 {
-    setFixedWidth(columnWidth);
+    setFixedWidth(ArtworkColumn::width);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(gap);
+    column->setSpacing(ArtworkColumn::gap);
     column->addWidget(makeWell(), 0, Qt::AlignHCenter);
     column->addWidget(makeSummary());
     column->addStretch(1);
@@ -50,7 +45,7 @@ CoverArtWell::CoverArtWell(AppModel &model, QWidget *parent)
 QWidget *CoverArtWell::makeWell()
 {
     auto *well = new ArtworkWell(
-        wellSide, [this](const QUrl &url) { return m_model.useCoverArtFile(url); },
+        ArtworkColumn::wellSide, [this](const QUrl &url) { return m_model.useCoverArtFile(url); },
         [this](QMenu &menu) { fillMenu(menu); }, this);
     well->setToolTip(u"Drag a JPEG or PNG here, or right-click to choose, download or view the artwork"_s);
     bind(
@@ -63,7 +58,7 @@ QWidget *CoverArtWell::makeSummary()
     auto *summary = new QWidget(this);
     auto *column = new QVBoxLayout(summary);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(gap);
+    column->setSpacing(ArtworkColumn::gap);
     auto *caption = new IconLabel(IconName::picture, Tone::secondary, summary);
     applyTextStyle(caption, TextStyle::small);
     bind(

@@ -29,11 +29,6 @@ QuestionWords closeWords(const PendingClose &)
         u"Stop and Close"_s, u"Keep Encoding"_s};
 }
 
-QuestionWords alertWords(const AlertContent &alert)
-{
-    return {alert.title, alert.message, u"OK"_s};
-}
-
 } // namespace
 
 void showQuestions(QWidget *window, AppModel &model)
@@ -44,7 +39,7 @@ void showQuestions(QWidget *window, AppModel &model)
                                       [&model] { model.confirmOverwrite(); });
     askWhilePending<PendingClose>(window, model.pendingClose, closeWords,
                                   [&model] { model.confirmPendingClose(); });
-    askWhilePending<AlertContent>(window, model.alert, alertWords, [&model] { model.alert = std::nullopt; });
+    showAlerts(window, model.alert);
 }
 
 } // namespace tonearm
