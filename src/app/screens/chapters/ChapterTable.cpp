@@ -4,6 +4,7 @@
 #include "app/screens/chapters/ChapterList.h"
 #include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/Colours.h"
+#include "app/screens/elements/RoundedGround.h"
 
 #include <QPainter>
 #include <QVBoxLayout>
@@ -15,7 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int padding = 6;
-constexpr double cornerRadius = 8;
 constexpr double borderOpacity = 0.25;
 
 } // namespace
@@ -47,9 +47,7 @@ void ChapterTable::setRows(const QList<ChapterTableRow> &rows)
 void ChapterTable::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(faded(toneColour(Tone::text, palette()), borderOpacity));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
+    paintRoundedGround(painter, rect(), {faded(toneColour(Tone::text, palette()), borderOpacity)});
 }
 
 } // namespace tonearm

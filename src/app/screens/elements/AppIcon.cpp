@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/elements/AppIcon.h"
 
-#include <QIconEngine>
+#include "app/screens/elements/PaintedIconEngine.h"
+
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -17,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class AppIconEngine final : public QIconEngine
+class AppIconEngine final : public PaintedIconEngine
 {
 public:
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
@@ -26,15 +27,6 @@ public:
         QRectF square(0, 0, side, side);
         square.moveCenter(QRectF(rect).center());
         QSvgRenderer(u":/tonearm/app/tonearm.svg"_s).render(painter, square);
-    }
-
-    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, pixmap.rect(), mode, state);
-        return pixmap;
     }
 
     // What is handed to the window system, from a list entry to an overview of windows.
@@ -47,8 +39,6 @@ public:
     }
 
     QIconEngine *clone() const override { return new AppIconEngine; }
-
-    bool isNull() override { return false; }
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/Motion.h"
+#include "app/screens/elements/RoundedGround.h"
 
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
@@ -16,7 +17,6 @@ namespace {
 constexpr int durationMilliseconds = 250;
 constexpr double cornerRadius = 10;
 constexpr double borderOpacity = 0.35;
-constexpr double borderWidth = 1;
 
 } // namespace
 
@@ -40,12 +40,8 @@ protected:
     {
         const QColor colour = toneColour(m_look.tone, palette());
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(faded(colour, borderOpacity), borderWidth));
-        painter.setBrush(faded(colour, m_look.tintOpacity));
-        const double inset = borderWidth / 2;
-        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), cornerRadius,
-                                cornerRadius);
+        paintRoundedGround(painter, rect(),
+                           {faded(colour, borderOpacity), faded(colour, m_look.tintOpacity), cornerRadius});
     }
 
 private:

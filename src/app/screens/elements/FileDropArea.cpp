@@ -3,6 +3,7 @@
 
 #include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/Colours.h"
+#include "app/screens/elements/RoundedGround.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -15,7 +16,6 @@ namespace tonearm {
 
 namespace {
 
-constexpr double cornerRadius = 8;
 constexpr double restingFill = 0.04;
 constexpr double restingBorder = 0.25;
 constexpr double targetedFill = 0.16;
@@ -69,14 +69,10 @@ void FileDropArea::paintGround(QPainter &painter) const
     const QColor text =
         toneColour(Tone::text, palette(), isEnabled() ? QPalette::Active : QPalette::Disabled);
     const QColor highlight = palette().color(QPalette::Highlight);
-    painter.setRenderHint(QPainter::Antialiasing);
     const bool stands = m_targeted || hasFocus();
-    const double border = stands ? 2 : 1;
-    painter.setPen(QPen(stands ? highlight : faded(text, restingBorder), border));
-    painter.setBrush(m_targeted ? faded(highlight, targetedFill) : faded(text, restingFill));
-    const double inset = border / 2;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), cornerRadius,
-                            cornerRadius);
+    const QPen edge = stands ? QPen(highlight, 2) : QPen(faded(text, restingBorder), 1);
+    const QColor fill = m_targeted ? faded(highlight, targetedFill) : faded(text, restingFill);
+    paintRoundedGround(painter, rect(), {edge, fill});
 }
 
 void FileDropArea::setTargeted(bool targeted)

@@ -3,6 +3,7 @@
 
 #include "app/screens/elements/AccessibleRole.h"
 #include "app/screens/elements/Colours.h"
+#include "app/screens/elements/RoundedGround.h"
 #include "app/screens/elements/TextStyle.h"
 
 #include <QLabel>
@@ -15,7 +16,6 @@ namespace {
 
 constexpr int titleGap = 6;
 constexpr int padding = 12;
-constexpr double cornerRadius = 8;
 constexpr double groundOpacity = 0.035;
 constexpr double edgeOpacity = 0.14;
 
@@ -28,14 +28,8 @@ protected:
     void paintEvent(QPaintEvent * /*event*/) override
     {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
         const QColor text = palette().color(QPalette::WindowText);
-        painter.setPen(QPen(faded(text, edgeOpacity), 1));
-        painter.setBrush(faded(text, groundOpacity));
-        // So that the edge covers whole pixels.
-        constexpr double half = 0.5;
-        painter.drawRoundedRect(QRectF(rect()).adjusted(half, half, -half, -half), cornerRadius,
-                                cornerRadius);
+        paintRoundedGround(painter, rect(), {faded(text, edgeOpacity), faded(text, groundOpacity)});
     }
 };
 

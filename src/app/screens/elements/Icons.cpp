@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/elements/Icons.h"
 
+#include "app/screens/elements/PaintedIconEngine.h"
+
 #include <QFile>
 #include <QGuiApplication>
-#include <QIconEngine>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
@@ -103,7 +104,7 @@ QPixmap rendered(IconName name, const QColor &colour, int side)
     return pixmap;
 }
 
-class SymbolEngine final : public QIconEngine
+class SymbolEngine final : public PaintedIconEngine
 {
 public:
     SymbolEngine(IconName name, Tone tone)
@@ -117,18 +118,7 @@ public:
         paintIcon(*painter, rect, m_name, colour(mode));
     }
 
-    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, pixmap.rect(), mode, state);
-        return pixmap;
-    }
-
     QIconEngine *clone() const override { return new SymbolEngine(m_name, m_tone); }
-
-    bool isNull() override { return false; }
 
 private:
     QColor colour(QIcon::Mode mode) const
