@@ -21,6 +21,7 @@
 #include <numeric>
 
 #include <cstdlib>
+#include <optional>
 
 namespace tonearm {
 
@@ -46,12 +47,12 @@ int sumOf(const QList<int> &widths)
     return std::accumulate(widths.begin(), widths.end(), 0);
 }
 
-IconName placeholderIcon(ShownTable &shown)
+std::optional<IconName> placeholderIcon(ShownTable &shown)
 {
     for (const IconView *icon : shown.table().findChildren<IconView *>())
         if (icon->isVisible())
             return icon->iconName();
-    return IconName::cancel;
+    return std::nullopt;
 }
 
 // The look of one cell.

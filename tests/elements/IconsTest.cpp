@@ -99,7 +99,7 @@ TEST(Icons, LetAPalerColourThrough)
 {
     QColor half(Qt::black);
     half.setAlpha(128);
-    const QImage image = painted(IconName::cancel, half, 4);
+    const QImage image = painted(IconName::folderAdd, half, 4);
     int strongest = 0;
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)

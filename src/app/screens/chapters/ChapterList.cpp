@@ -124,7 +124,7 @@ void ChapterList::changeEvent(QEvent *event)
 void ChapterList::focusInEvent(QFocusEvent *event)
 {
     QAbstractScrollArea::focusInEvent(event);
-    if (m_passing || m_rows.isEmpty())
+    if (m_isLeaving || m_rows.isEmpty())
         return;
     focusRow(event->reason() == Qt::BacktabFocusReason ? rowCount() - 1 : 0, event->reason());
 }
@@ -258,7 +258,7 @@ void ChapterList::focusRow(int row, Qt::FocusReason reason)
 bool ChapterList::leave(bool next)
 {
     QWidget *box = focusedRow() ? window()->focusWidget() : nullptr;
-    const QScopedValueRollback passing(m_passing, true);
+    const QScopedValueRollback leaving(m_isLeaving, true);
     setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     if (QAbstractScrollArea::focusNextPrevChild(next))
         return true;

@@ -66,7 +66,7 @@ private:
     QList<ChapterTableRow> m_rows;
     ChapterRowViews m_views;
     int m_rowHeight = 1;
-    bool m_passing = false;
+    bool m_isLeaving = false;
 };
 
 } // namespace tonearm

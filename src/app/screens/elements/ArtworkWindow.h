@@ -9,7 +9,6 @@
 #include <optional>
 
 class QLabel;
-class QScrollArea;
 class QStackedWidget;
 
 namespace tonearm {

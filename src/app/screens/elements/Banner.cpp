@@ -72,9 +72,9 @@ Banner::Banner(const BannerLook &look, QWidget *parent)
 
 void Banner::setShown(bool shown)
 {
-    if (shown == m_shown)
+    if (shown == m_isShown)
         return;
-    m_shown = shown;
+    m_isShown = shown;
     // What leaves takes no clicks any more.
     m_panel->setAttribute(Qt::WA_TransparentForMouseEvents, !shown);
     const bool onScreen = parentWidget() && parentWidget()->isVisible();
@@ -140,8 +140,8 @@ void Banner::advance(double progress)
 void Banner::settle()
 {
     m_fade->setEnabled(false);
-    advance(m_shown ? 1 : 0);
-    setVisible(m_shown);
+    advance(m_isShown ? 1 : 0);
+    setVisible(m_isShown);
 }
 
 // The panel keeps its full height and hangs by its lower edge, so that it comes from above.

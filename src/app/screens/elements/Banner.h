@@ -36,7 +36,7 @@ public:
     QVBoxLayout *content() const { return m_content; }
 
     /// Whether the banner is there or coming, as against gone or leaving.
-    bool isShown() const { return m_shown; }
+    bool isShown() const { return m_isShown; }
 
     void setShown(bool shown);
 
@@ -65,7 +65,7 @@ private:
     QGraphicsOpacityEffect *m_fade;
     QVariantAnimation m_animation;
     double m_progress = 0;
-    bool m_shown = false;
+    bool m_isShown = false;
 };
 
 } // namespace tonearm

@@ -51,7 +51,7 @@ public:
     template <typename Getter> explicit DerivedValue(Getter getter)
     {
         m_value.setBinding([this, get = std::move(getter)]() mutable -> std::optional<Value> {
-            if (m_retired)
+            if (m_isRetired)
                 return std::nullopt;
             std::optional<Value> value(get());
             if (!std::exchange(m_hasRoom, true))
@@ -71,13 +71,13 @@ public:
     // From now on the getter, and what it refers to, is left alone.
     void retire()
     {
-        m_retired = true;
+        m_isRetired = true;
         setParent(QCoreApplication::instance());
         deleteLater();
     }
 
 private:
-    bool m_retired = false;
+    bool m_isRetired = false;
     bool m_hasRoom = false;
     // Optional, so that a value without a default will do.
     QProperty<std::optional<Value>> m_value;

@@ -69,15 +69,15 @@ void FileDropArea::paintGround(QPainter &painter) const
     const QColor text =
         toneColour(Tone::text, palette(), isEnabled() ? QPalette::Active : QPalette::Disabled);
     const QColor highlight = palette().color(QPalette::Highlight);
-    const bool stands = m_targeted || hasFocus();
+    const bool stands = m_isTargeted || hasFocus();
     const QPen edge = stands ? QPen(highlight, 2) : QPen(faded(text, restingBorder), 1);
-    const QColor fill = m_targeted ? faded(highlight, targetedFill) : faded(text, restingFill);
+    const QColor fill = m_isTargeted ? faded(highlight, targetedFill) : faded(text, restingFill);
     paintRoundedGround(painter, rect(), {edge, fill});
 }
 
 void FileDropArea::setTargeted(bool targeted)
 {
-    m_targeted = targeted;
+    m_isTargeted = targeted;
     update();
 }
 

@@ -20,7 +20,7 @@ public:
     FileDropArea(const QString &accessibleName, OnDrop onDrop, QWidget *parent);
 
     /// Whether something that could be dropped hovers over the area.
-    bool isTargeted() const { return m_targeted; }
+    bool isTargeted() const { return m_isTargeted; }
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -34,7 +34,7 @@ private:
     void setTargeted(bool targeted);
 
     OnDrop m_onDrop;
-    bool m_targeted = false;
+    bool m_isTargeted = false;
 };
 
 } // namespace tonearm

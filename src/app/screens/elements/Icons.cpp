@@ -57,8 +57,6 @@ QString fileStem(IconName name)
         return u"picture"_s;
     case IconName::gearWarning:
         return u"gear-warning"_s;
-    case IconName::cancel:
-        return u"cancel"_s;
     case IconName::search:
         return u"search"_s;
     case IconName::seal:

@@ -30,7 +30,6 @@ enum class IconName {
     list,
     picture,
     gearWarning,
-    cancel,
     search,
     seal,
     shield,
