@@ -16,7 +16,7 @@ class LauncherEntry
 {
 public:
     /// `bus` is the session's and has to outlive it. News that comes faster than `interval` is held back.
-    explicit LauncherEntry(LazyBus &bus, std::chrono::milliseconds interval = std::chrono::milliseconds(250));
+    LauncherEntry(LazyBus &bus, std::chrono::milliseconds interval);
 
     /// Takes the progress away.
     ~LauncherEntry();
