@@ -216,6 +216,8 @@ public:
     /// makes sure.
     bool hasLogFile() const;
     QString clearButtonTitle() const;
+    /// Whether clearOrEject() ejects the disc.
+    bool willEject() const;
     /// Whether the user has agreed to stop the job and close, and the job has ended.
     bool isReadyToClose() const;
 

@@ -92,13 +92,18 @@ void AppModel::revealOutput()
 
 QString AppModel::clearButtonTitle() const
 {
-    return isDiscSource() && m_settings.ejectDiscAfterRipping() ? u"Eject"_s : u"Clear"_s;
+    return willEject() ? u"Eject"_s : u"Clear"_s;
+}
+
+bool AppModel::willEject() const
+{
+    return isDiscSource() && m_settings.ejectDiscAfterRipping();
 }
 
 // The button belongs to the summary, which therefore goes with it; clearInputs() leaves that to its callers.
 void AppModel::clearOrEject()
 {
-    if (const std::optional<DiscInfo> disc = loadedDisc.value(); disc && m_settings.ejectDiscAfterRipping())
+    if (const std::optional<DiscInfo> disc = loadedDisc.value(); disc && willEject())
         ejectDisc(*disc);
     clearInputs();
     completion = std::nullopt;

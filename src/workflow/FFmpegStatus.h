@@ -26,4 +26,9 @@ struct FFmpegChecking
 /// What is known of ffmpeg and ffprobe.
 using FFmpegStatus = std::variant<FFmpegInstallation, FFmpegMissing, FFmpegChecking>;
 
+inline bool isMissing(const FFmpegStatus &status)
+{
+    return std::holds_alternative<FFmpegMissing>(status);
+}
+
 } // namespace tonearm

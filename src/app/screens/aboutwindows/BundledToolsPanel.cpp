@@ -29,11 +29,6 @@ bool isChecking(const AppModel &model)
     return std::holds_alternative<FFmpegChecking>(model.ffmpegStatus.value());
 }
 
-bool isMissing(const AppModel &model)
-{
-    return std::holds_alternative<FFmpegMissing>(model.ffmpegStatus.value());
-}
-
 // The version, or where the program lies if it doesn't tell one; nothing unless it is there.
 QString ffmpegDetail(const AppModel &model)
 {
@@ -46,7 +41,7 @@ QString ffmpegWord(const AppModel &model)
 {
     if (isChecking(model))
         return {};
-    return isMissing(model) ? u"Not installed"_s : u"Installed"_s;
+    return isMissing(model.ffmpegStatus.value()) ? u"Not installed"_s : u"Installed"_s;
 }
 
 QString paranoiaText(const AppModel &model)
@@ -128,11 +123,13 @@ QWidget *BundledToolsPanel::makeCheckAgain(QWidget *parent)
     row->addWidget(button);
     row->addWidget(spinner);
     const auto runs = [this] {
-        return isChecking(m_model) || (isMissing(m_model) && m_model.ffmpegCheckTask.value());
+        return isChecking(m_model) ||
+               (isMissing(m_model.ffmpegStatus.value()) && m_model.ffmpegCheckTask.value());
     };
     bind(spinner, runs, &Spinner::setVisible);
     bind(
-        button, [this, runs] { return isMissing(m_model) && !runs(); }, &QPushButton::setVisible);
+        button, [this, runs] { return isMissing(m_model.ffmpegStatus.value()) && !runs(); },
+        &QPushButton::setVisible);
     return place;
 }
 

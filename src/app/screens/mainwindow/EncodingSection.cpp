@@ -90,12 +90,12 @@ QPushButton *EncodingSection::makeClearButton()
     auto *button = new QPushButton(this);
     connect(button, &QPushButton::clicked, this, [this] { m_model.clearOrEject(); });
     bind(
-        button, [this] { return m_model.clearButtonTitle(); },
-        [](QPushButton *shown, const QString &title) {
-            shown->setText(title);
-            shown->setToolTip(title == u"Eject"_s ? u"Eject the disc and clear the inputs"_s
-                                                  : u"Clear the inputs, ready for the next job"_s);
-        });
+        button, [this] { return m_model.clearButtonTitle(); }, &QPushButton::setText);
+    const auto tooltip = [this] {
+        return m_model.willEject() ? u"Eject the disc and clear the inputs"_s
+                                   : u"Clear the inputs, ready for the next job"_s;
+    };
+    bind(button, tooltip, &QPushButton::setToolTip);
     bind(
         button, [this] { return m_model.hasSource(); }, &QWidget::setVisible);
     bind(

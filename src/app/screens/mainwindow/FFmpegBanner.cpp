@@ -18,11 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isMissing(const AppModel &model)
-{
-    return std::holds_alternative<FFmpegMissing>(model.ffmpegStatus.value());
-}
-
 // What to do about missing tools, or where the tools are.
 QString explanationOf(const AppModel &model)
 {
@@ -51,7 +46,7 @@ FFmpegBanner::FFmpegBanner(AppModel &model, QWidget *parent)
 
 FFmpegBanner::Message FFmpegBanner::message() const
 {
-    if (isMissing(m_model))
+    if (isMissing(m_model.ffmpegStatus.value()))
         return Message::missing;
     return m_model.didJustFindFFmpeg.value() ? Message::found : Message::none;
 }
@@ -106,7 +101,11 @@ QWidget *FFmpegBanner::makeCheckAgain()
     row->addWidget(button);
     row->addWidget(spinner);
     bind(
-        place, [this] { return std::pair(isMissing(m_model), m_model.ffmpegCheckTask.value().has_value()); },
+        place,
+        [this] {
+            return std::pair(isMissing(m_model.ffmpegStatus.value()),
+                             m_model.ffmpegCheckTask.value().has_value());
+        },
         [button, spinner](std::pair<bool, bool> state) {
             const auto [missing, checking] = state;
             button->setVisible(missing && !checking);
