@@ -5,6 +5,7 @@
 #include "tageditor/BoundedReading.h"
 #include "tageditor/FilePath.h"
 #include "tageditor/MetadataEditorModel.h"
+#include "tageditor/SharedTexts.h"
 
 #include <QScopeGuard>
 
@@ -212,7 +213,9 @@ QCoro::Task<MetadataEditorModel::ReadRows> MetadataEditorModel::readRows(QList<Q
     while (true) {
         const QList<RowComparator> order = sortOrder.value();
         const auto arranging = [urls, read, order] {
-            return readRowsOf(sortedRows(rowsOf(urls, read), order));
+            QList<EditableAudioFile> rows = rowsOf(urls, read);
+            shareTexts(rows);
+            return readRowsOf(sortedRows(rows, order));
         };
         const ReadRows arranged = co_await inBackground(arranging);
         // The user may have chosen another order meanwhile.
