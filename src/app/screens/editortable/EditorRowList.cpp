@@ -44,6 +44,8 @@ EditorRowList::EditorRowList(MetadataEditorModel &model, QWidget *parent)
         const QScopedValueRollback following(m_isFollowing, true);
         setModel(m_rows);
     }
+    // Otherwise the header would go through all rows for selected ones each time that it is painted.
+    m_header->setSelectionModel(new QItemSelectionModel(m_rows, m_header));
     setItemDelegate(new EditorCellDelegate(this));
     setSelectionMode(ExtendedSelection);
     setSelectionBehavior(SelectRows);
