@@ -379,10 +379,13 @@ TEST(EncodeTrackRun, RemovesThePartThatAFailedRunLeaves)
 TEST(EncodeTrackRun, RemovesThePartOfARunThatCantBeFollowed)
 {
     StandInTools tools;
-    tools.add(u"ffmpeg"_s, QByteArray(writePart) + "exit 0");
+    tools.add(u"ffmpeg"_s, QByteArray(writePart) + R"(echo out_time=00:00:05 >&2
+                                                      until [ -e "$here/go" ]; do sleep 0.01; done)");
     const TrackEncoding track = trackIn(tools);
+    const auto letGo = [&](double /*fraction*/) { test::writeFile(tools.path(u"go"_s), {}); };
     const test::BorrowedSignals ignored(SIGCHLD, SIGUSR1);
-    EXPECT_TRUE(test::awaitError<LostChildError>(encoding(tools, track)).has_value());
+    auto run = AudioEncodingService(tools.location()).encode(track, letGo, {});
+    EXPECT_TRUE(test::awaitError<LostChildError>(std::move(run)).has_value());
     EXPECT_FALSE(hasOutput(track));
 }
 

@@ -3,6 +3,7 @@
 
 #include "helpers/Await.h"
 #include "helpers/Borrowed.h"
+#include "helpers/Contents.h"
 #include "helpers/Printing.h"
 #include "tools/Scripts.h"
 
@@ -27,9 +28,10 @@ QString description(const QString &command, std::int32_t status, const QString &
 TEST(ProcessRunner, LosesAChildThatCannotBeWaitedFor)
 {
     const test::Scripts scripts;
+    const QUrl tool = scripts.add(u"tool"_s, "echo started >&2; until [ -e $here/go ]; do sleep 0.01; done");
+    const auto letGo = [&](const QString & /*line*/) { test::writeFile(scripts.path(u"go"_s), {}); };
     const test::BorrowedSignals ignored(SIGCHLD, SIGUSR1);
-    const auto error =
-        test::awaitError<LostChildError>(ProcessRunner().run(scripts.add(u"tool"_s, "exit 0"), {}, {}, {}));
+    const auto error = test::awaitError<LostChildError>(ProcessRunner().run(tool, {}, letGo, {}));
     ASSERT_TRUE(error.has_value());
     EXPECT_STRNE(error->what(), "");
 }
