@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <system_error>
 
 namespace tonearm {
 
@@ -19,7 +18,8 @@ TEST(ChildSignal, LetsToolsRunWhereTheParentIgnoredItsChildren)
     const QStringList words{u"done"_s};
     const QUrl tool(u"file:///bin/echo"_s);
     const test::BorrowedSignals ignored(SIGCHLD, SIGUSR1);
-    EXPECT_THROW(run(tool, words), std::system_error);
+    // It is lost while it is started, or when its end is waited for.
+    EXPECT_ANY_THROW(run(tool, words));
     restoreChildSignal();
     EXPECT_EQ(run(tool, words).stdoutBytes, "done\n");
 }
